@@ -1,0 +1,5 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include <halvora/coreplugininterface.h>
+
+CorePluginInterface::~CorePluginInterface() = default;

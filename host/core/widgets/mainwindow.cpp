@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include <halvora/mainwindow.h>
+
+#include <halvora/core.h>
+
+#include "mainmenu.h"
+#include "statusline.h"
+#include "updatenotice.h"
+#include "viewmenu.h"
+#include "windowlayout.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QIcon>
+
+namespace {
+
+QIcon programIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/app/icon/%1x%1.png").arg(size));
+    return icon;
+}
+
+bool isArea(Qt::DockWidgetArea area)
+{
+    return area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea ||
+           area == Qt::TopDockWidgetArea || area == Qt::BottomDockWidgetArea;
+}
+
+} // namespace
+
+MainWindow::MainWindow(Core *core, QWidget *parent)
+    : QMainWindow(parent)
+    , m_menu(new MainMenu(core, this))
+    , m_notice(new UpdateNotice(this))
+    , m_status(new StatusLine(core->traffic(), this))
+    , m_layout(std::make_unique<WindowLayout>(this, core->settings()))
+{
+    setObjectName(QStringLiteral("halvora.mainWindow"));
+    setWindowIcon(programIcon());
+    addToolBar(Qt::TopToolBarArea, m_notice);
+    m_notice->hide();
+    setStatusBar(m_status);
+    connectMenu();
+    connect(core, &Core::softwareUpdateOffered, m_notice, &UpdateNotice::offer);
+    connect(m_notice, &UpdateNotice::linkRequested, this, &MainWindow::linkRequested);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::connectMenu()
+{
+    connect(m_menu, &MainMenu::loginRequested, this, &MainWindow::loginRequested);
+    connect(m_menu, &MainMenu::logoutRequested, this, &MainWindow::logoutRequested);
+    connect(m_menu, &MainMenu::settingsRequested, this, &MainWindow::settingsRequested);
+    connect(m_menu, &MainMenu::reportRequested, this, &MainWindow::reportRequested);
+    connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
+    connect(m_menu->view(), &ViewMenu::resetRequested, this, [this] { m_layout->reset(); });
+}
+
+void MainWindow::addToolWidget(Qt::DockWidgetArea area, QDockWidget *dock)
+{
+    if (!dock)
+        return;
+    // Without a name of its own a panel would not come back to its place.
+    ++m_docks;
+    if (dock->objectName().isEmpty())
+        dock->setObjectName(QStringLiteral("halvora.dock%1").arg(m_docks));
+    const bool hidden = dock->isHidden() && dock->testAttribute(Qt::WA_WState_ExplicitShowHide);
+    addDockWidget(isArea(area) ? area : Qt::LeftDockWidgetArea, dock);
+    dock->setVisible(!hidden);
+    m_menu->view()->addDock(dock);
+}
+
+void MainWindow::setAboutAction(QAction *action)
+{
+    m_menu->setAboutAction(action);
+}
+
+void MainWindow::setLoginPossible(bool canLogIn, bool canLogOut)
+{
+    m_menu->setLoginPossible(canLogIn, canLogOut);
+}
+
+void MainWindow::setOnlineState(int state, const QString &text)
+{
+    m_status->setOnlineState(state, text);
+}
+
+void MainWindow::showNotice(const QString &sentence)
+{
+    m_status->showNotice(sentence);
+}
+
+void MainWindow::restoreLayout()
+{
+    // The notice is a tool bar to Qt, and would come and go with the saved arrangement.
+    const bool told = !m_notice->isHidden();
+    m_layout->restore();
+    m_notice->setVisible(told);
+}
+
+QMenu *MainWindow::createPopupMenu()
+{
+    auto *menu = new QMenu(this);
+    menu->addActions(m_menu->view()->dockActions());
+    return menu;
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        m_menu->retranslate();
+    QMainWindow::changeEvent(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    m_layout->save();
+    Q_EMIT closing();
+    QMainWindow::closeEvent(event);
+}

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <halvora/coreexport.h>
+
+#include <QMainWindow>
+
+#include <memory>
+
+class Core;
+class MainMenu;
+class QAction;
+class StatusLine;
+class UpdateNotice;
+class WindowLayout;
+
+/// The window of the program: menus, panels, status bar and a bar that tells of a newer version. It asks for
+/// everything that it cannot do itself by a signal. Its place, size and panels are kept in the program's
+/// settings. GUI thread.
+class HALVORA_CORE_EXPORT MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    enum OnlineState { Offline, Connecting, Connected, Lost };
+
+    /// @p core outlives the window.
+    explicit MainWindow(Core *core, QWidget *parent = nullptr);
+    ~MainWindow() override;
+    Q_DISABLE_COPY(MainWindow)
+
+    /// Takes @p dock over, puts it at @p area (at the left if that is no area) and gives it an entry in the
+    /// View menu, which can hide and show it whatever its features are.
+    void addToolWidget(Qt::DockWidgetArea area, QDockWidget *dock);
+    /// The provider's entry in the Help menu instead of the one before; null for none. Not owned.
+    void setAboutAction(QAction *action);
+    /// Which of the two entries of the Account menu can be chosen.
+    void setLoginPossible(bool canLogIn, bool canLogOut);
+
+    /// @p state is an OnlineState. An empty @p text stands for the usual word.
+    void setOnlineState(int state, const QString &text = QString());
+    /// Tells one sentence in the status bar, for 30 seconds or until the next one. Plain text.
+    void showNotice(const QString &sentence);
+
+    /// Goes back to the place, size and panels of the last run; to be called when all panels were added.
+    void restoreLayout();
+
+    /// The entries for the panels, as the View menu has them.
+    QMenu *createPopupMenu() override;
+
+Q_SIGNALS:
+    void loginRequested();
+    void logoutRequested();
+    void settingsRequested();
+    void reportRequested();
+    /// A person wants to see @p url, which is http or https and names a host.
+    void linkRequested(const QUrl &url);
+    /// The window is about to close; its layout has been saved.
+    void closing();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void connectMenu();
+
+    MainMenu *m_menu;
+    UpdateNotice *m_notice;
+    StatusLine *m_status;
+    std::unique_ptr<WindowLayout> m_layout;
+    int m_docks = 0;
+};

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+
+class QMainWindow;
+class QSettings;
+
+/// Keeps the place and size of a window and the arrangement of its panels from one run to the next.
+class WindowLayout final {
+public:
+    /// Both outlive this.
+    WindowLayout(QMainWindow *window, QSettings &settings);
+    Q_DISABLE_COPY(WindowLayout)
+
+    void save() const;
+    /// Takes the present arrangement of the panels as the one to go back to, then applies what was saved.
+    void restore();
+    /// Puts the panels back to where they were before the first restore().
+    void reset();
+
+private:
+    void applyDefaultSize();
+    void applyDefaultPanels();
+    void bringOnScreen();
+
+    QMainWindow *const m_window;
+    QSettings &m_settings;
+    QByteArray m_defaults;
+};
