@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include <halvora/hloginrequest.h>
+
+#include <halvora/connector.h>
+#include <halvora/core.h>
+#include <halvora/localemanager.h>
+
+#include <QCoreApplication>
+#include <QXmlStreamWriter>
+
+namespace {
+
+constexpr int mostEntries = 100; // of news servers and of links
+
+QList<NntpHost> readHosts(const QDomElement &servers)
+{
+    QList<NntpHost> hosts;
+    const QString tag = QStringLiteral("server");
+    for (QDomElement server = servers.firstChildElement(tag); !server.isNull() && hosts.size() < mostEntries;
+         server = server.nextSiblingElement(tag)) {
+        const QString host = server.attribute(QStringLiteral("host")).trimmed();
+        const ushort port = server.attribute(QStringLiteral("port")).toUShort();
+        if (!host.isEmpty() && port != 0)
+            hosts.append(NntpHost(host, port, server.attribute(QStringLiteral("ssl")) == QLatin1String("true")));
+    }
+    return hosts;
+}
+
+QHash<QString, UrlInfo> readLinks(const QDomElement &list)
+{
+    QHash<QString, UrlInfo> links;
+    const QString tag = QStringLiteral("link");
+    for (QDomElement link = list.firstChildElement(tag); !link.isNull() && links.size() < mostEntries;
+         link = link.nextSiblingElement(tag)) {
+        const QUrl url(link.attribute(QStringLiteral("url")), QUrl::StrictMode);
+        const QString key = link.attribute(QStringLiteral("key"));
+        if (!key.isEmpty() && url.isValid())
+            links.insert(key, UrlInfo(url));
+    }
+    return links;
+}
+
+} // namespace
+
+HLoginRequest::HLoginRequest(Connector *connector)
+    : HRequest(connector)
+    , m_language(connector->core()->locale()->currentLanguage())
+    , m_nntpHosts(connector->nntpHosts())
+{
+}
+
+HLoginRequest::~HLoginRequest() = default;
+
+QList<NntpHost> HLoginRequest::nntpHosts() const
+{
+    return m_nntpHosts;
+}
+
+QDomElement HLoginRequest::softwareUpdateElement() const
+{
+    return m_softwareUpdate;
+}
+
+int HLoginRequest::autoSearchCheckInterval() const
+{
+    return m_autoSearchCheckInterval;
+}
+
+QString HLoginRequest::session() const
+{
+    return m_session;
+}
+
+QHash<QString, UrlInfo> HLoginRequest::links() const
+{
+    return m_links;
+}
+
+bool HLoginRequest::isLoginRequest() const
+{
+    return true;
+}
+
+bool HLoginRequest::isSuccessful() const
+{
+    return HRequest::isSuccessful() && !m_session.isEmpty();
+}
+
+void HLoginRequest::buildRequestInternal(QXmlStreamWriter &writer)
+{
+    writer.writeStartElement(QStringLiteral("login"));
+    writer.writeTextElement(QStringLiteral("user-name"), connector()->username());
+    writer.writeTextElement(QStringLiteral("password"), connector()->password());
+    writer.writeEmptyElement(QStringLiteral("client"));
+    writer.writeAttribute(QStringLiteral("name"), QStringLiteral("Halvora"));
+    writer.writeAttribute(QStringLiteral("version"), QCoreApplication::applicationVersion());
+    writer.writeAttribute(QStringLiteral("language"), m_language);
+    writer.writeEndElement();
+}
+
+void HLoginRequest::buildResponseInternal(const QDomElement &reply)
+{
+    if (reply.tagName() != QLatin1String("login"))
+        return;
+    m_session = reply.attribute(QStringLiteral("session"));
+    m_autoSearchCheckInterval = reply.attribute(QStringLiteral("auto-search-interval")).toInt();
+    m_nntpHosts = readHosts(reply.firstChildElement(QStringLiteral("nntp-servers")));
+    m_links = readLinks(reply.firstChildElement(QStringLiteral("links")));
+    m_softwareUpdate = reply.firstChildElement(QStringLiteral("software-update"));
+}

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+
+#include <optional>
+
+/// Cuts a stream of bytes into lines that end with a line feed, with or without a carriage return before it
+/// (RFC 3977 section 3.1 wants both; some servers forget). Holds no more than it was given.
+class LineReader {
+public:
+    /// @p limit is the longest line in bytes, its line end included.
+    explicit LineReader(int limit);
+
+    void append(const QByteArray &bytes) { m_bytes += bytes; }
+    /// The next whole line without its line end; nothing while none is complete or when it is too long.
+    std::optional<QByteArray> takeLine();
+    /// Whether the line being read has grown past the limit; only clear() helps then.
+    bool isTooLong() const;
+    bool isEmpty() const { return m_bytes.isEmpty(); }
+    void clear() { m_bytes.clear(); }
+
+private:
+    int m_limit;
+    QByteArray m_bytes;
+};

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "linereader.h"
+
+#include <QtGlobal>
+
+#include <memory>
+#include <optional>
+
+class Core;
+class QSslSocket;
+class QString;
+class WaitBudget;
+
+/// The lines of one connection to a news server, plain or TLS. Blocking, for one thread that needs no event
+/// loop; every wait ends with its budget. Once anything has failed the connection stays closed until open().
+class NntpConnection {
+public:
+    /// @p core is not owned and outlives the connection.
+    explicit NntpConnection(Core &core);
+    /// Closes at once, without waiting for the server.
+    ~NntpConnection();
+    Q_DISABLE_COPY(NntpConnection)
+
+    /// Drops any connection there is and makes a new one. With @p ssl, TLS 1.2 or later starts with the first
+    /// byte (RFC 8143), and the certificate has to name @p host and come from an authority of the system's or
+    /// of Core::authorityFile().
+    bool open(const QString &host, quint16 port, bool ssl, const WaitBudget &budget);
+    bool isOpen() const;
+    void close();
+
+    /// The next line without its end, or nothing: the server closed, sent more than 4 KiB without ending the
+    /// line, or the budget is over. The connection is closed then.
+    std::optional<QByteArray> readLine(const WaitBudget &budget);
+    /// Whether bytes have arrived that no line has been made of yet. Does not wait.
+    bool hasUnread();
+    /// Sends @p line, which already ends with CRLF.
+    bool send(const QByteArray &line);
+
+private:
+    bool startTls(const QString &host, const WaitBudget &budget);
+    void fetch();
+
+    Core &m_core;
+    std::unique_ptr<QSslSocket> m_socket;
+    LineReader m_lines;
+};

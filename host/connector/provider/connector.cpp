@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include <halvora/connector.h>
+
+#include <halvora/core.h>
+#include <halvora/hautosearchservice.h>
+#include <halvora/hlog.h>
+#include <halvora/hloginrequest.h>
+#include <halvora/hnntpdistributor.h>
+#include <halvora/hserver.h>
+
+#include <QMutexLocker>
+#include <QSettings>
+
+namespace {
+
+QString hostsKey()
+{
+    return QStringLiteral("Account/NntpHosts");
+}
+
+QList<NntpHost> loadHosts(QSettings &settings)
+{
+    QList<NntpHost> hosts;
+    const int size = settings.beginReadArray(hostsKey());
+    for (int i = 0; i < qMin(size, 100); ++i) {
+        settings.setArrayIndex(i);
+        const NntpHost host(settings.value(QStringLiteral("Host")).toString(),
+                            quint16(settings.value(QStringLiteral("Port")).toUInt()),
+                            settings.value(QStringLiteral("Ssl"), true).toBool());
+        if (!host.host().isEmpty() && host.port() != 0)
+            hosts.append(host);
+    }
+    settings.endArray();
+    return hosts;
+}
+
+void saveHosts(QSettings &settings, const QList<NntpHost> &hosts)
+{
+    settings.remove(hostsKey());
+    settings.beginWriteArray(hostsKey(), hosts.size());
+    for (int i = 0; i < hosts.size(); ++i) {
+        settings.setArrayIndex(i);
+        settings.setValue(QStringLiteral("Host"), hosts.at(i).host());
+        settings.setValue(QStringLiteral("Port"), hosts.at(i).port());
+        settings.setValue(QStringLiteral("Ssl"), hosts.at(i).isSsl());
+    }
+    settings.endArray();
+}
+
+} // namespace
+
+Connector::Connector(Core *core, ConnectorPlugin *plugin)
+    : m_core(core)
+    , m_plugin(plugin)
+    , m_server(new HServer(core, this))
+    , m_distributor(new HNntpDistributor(core->settings(), this))
+    , m_autoSearch(new HAutoSearchService(this))
+    , m_nntpHosts(loadHosts(core->settings()))
+{
+    connect(m_server, &HServer::sessionRefused, this, [this] { m_loginAvailable = false; });
+}
+
+Connector::~Connector() = default;
+
+ConnectorPlugin *Connector::plugin() const
+{
+    return m_plugin;
+}
+
+HServer *Connector::server() const
+{
+    return m_server;
+}
+
+HNntpDistributor *Connector::distributor() const
+{
+    return m_distributor;
+}
+
+HAutoSearchService *Connector::autoSearch() const
+{
+    return m_autoSearch;
+}
+
+QString Connector::username() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_username;
+}
+
+QString Connector::password() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_password;
+}
+
+void Connector::setAccount(const QString &username, const QString &password)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_username = username;
+        m_password = password;
+    }
+    m_server->setAccountKnown(!username.isEmpty() && !password.isEmpty());
+}
+
+QList<NntpHost> Connector::nntpHosts() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_nntpHosts;
+}
+
+void Connector::forgetNntpHosts()
+{
+    storeNntpHosts({});
+}
+
+void Connector::storeNntpHosts(const QList<NntpHost> &hosts)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_nntpHosts = hosts;
+    }
+    saveHosts(m_core->settings(), hosts);
+}
+
+bool Connector::isLoginAvailable() const
+{
+    return m_loginAvailable;
+}
+
+void Connector::applyLogin(const HLoginRequest &login)
+{
+    storeNntpHosts(login.nntpHosts());
+    m_core->setUrls(login.links());
+    m_loginAvailable = true;
+    m_distributor->open();
+    HLog::addSecret(login.session());
+    m_server->logIn(login.session());
+}
+
+void Connector::logOut()
+{
+    m_loginAvailable = false;
+    m_distributor->close();
+    setAccount(username(), QString());
+    storeNntpHosts({});
+    m_core->setUrls({});
+    m_server->logOut();
+}

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <halvora/connectorexport.h>
+#include <halvora/nntphost.h>
+
+#include <QList>
+#include <QMutex>
+#include <QObject>
+
+class ConnectorPlugin;
+class Core;
+class HAutoSearchService;
+class HLoginRequest;
+class HNntpDistributor;
+class HServer;
+
+/// One account with its provider: the way to the account service and to the news servers, and who the user
+/// is. Made by the provider's ConnectorPlugin. GUI thread, except where it says any thread.
+class HALVORA_CONNECTOR_EXPORT Connector : public QObject {
+    Q_OBJECT
+public:
+    Connector(Core *core, ConnectorPlugin *plugin);
+    ~Connector() override;
+
+    /// Any thread.
+    Core *core() const { return m_core; }
+    ConnectorPlugin *plugin() const;
+    HServer *server() const;
+    HNntpDistributor *distributor() const;
+    HAutoSearchService *autoSearch() const;
+
+    /// Any thread.
+    QString username() const;
+    QString password() const;
+    /// Both are needed to log in; an empty text means that it is not known.
+    void setAccount(const QString &username, const QString &password);
+
+    /// The news servers of the last applied login, kept across restarts. Any thread.
+    QList<NntpHost> nntpHosts() const;
+    void forgetNntpHosts();
+
+    /// Whether a login was applied and still holds, so that requests make sense.
+    bool isLoginAvailable() const;
+    /// What every successful login does: takes news servers and links, opens the distributor, connects the
+    /// server.
+    void applyLogin(const HLoginRequest &login);
+    /// Forgets the password, the session, the news servers and the links.
+    void logOut();
+
+private:
+    void storeNntpHosts(const QList<NntpHost> &hosts);
+
+    Core *const m_core;
+    ConnectorPlugin *const m_plugin;
+    HServer *m_server;
+    HNntpDistributor *m_distributor;
+    HAutoSearchService *m_autoSearch;
+    bool m_loginAvailable = false;
+    mutable QMutex m_mutex; ///< guards the values below
+    QString m_username;
+    QString m_password;
+    QList<NntpHost> m_nntpHosts;
+};

@@ -1,0 +1,227 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include <halvora/hserver.h>
+
+#include "requestqueue.h"
+#include "serverworker.h"
+
+#include <halvora/core.h>
+#include <halvora/hserveraddressrotator.h>
+
+namespace {
+
+constexpr unsigned long longestWaitForWorker = 2000; // milliseconds
+
+} // namespace
+
+HServer::HServer(Core *core, QObject *parent)
+    : QObject(parent)
+    , m_core(core)
+    , m_queue(std::make_unique<RequestQueue>())
+    , m_situation(std::make_unique<ServerSituation>())
+    , m_worker(std::make_unique<ServerWorker>(core, m_queue.get()))
+{
+    qRegisterMetaType<HServer::State>();
+    qRegisterMetaType<HServer::State>("HServer::State");
+    m_deadlineTimer.setSingleShot(true);
+    m_deadlineTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_deadlineTimer, &QTimer::timeout, this, [this] {
+        m_worker->interrupt(m_watched, RequestFailure::Kind::TimedOut);
+    });
+    connect(m_worker.get(), &ServerWorker::changed, this, &HServer::lookAtWorker, Qt::QueuedConnection);
+    connect(m_worker.get(), &QThread::finished, this, &HServer::startWorker, Qt::QueuedConnection);
+    startWorker();
+}
+
+HServer::~HServer()
+{
+    if (shutDown())
+        return;
+    // A worker that still runs keeps what it knows; to destroy a running thread would end the process.
+    m_worker.release();
+    m_queue.release();
+}
+
+HServer::State HServer::connectorState() const
+{
+    return m_state;
+}
+
+void HServer::addRequestToQueue(const QSharedPointer<HRequest> &request)
+{
+    if (!accept(request))
+        return;
+    m_queue->append(request);
+    lookAtWorkerLater();
+}
+
+void HServer::prependRequestToQueue(const QSharedPointer<HRequest> &request)
+{
+    if (!accept(request))
+        return;
+    m_queue->prepend(request);
+    lookAtWorkerLater();
+}
+
+bool HServer::accept(const QSharedPointer<HRequest> &request)
+{
+    if (!request || request->m_handedOver)
+        return false;
+    request->m_handedOver = true;
+    if (request->isLoginRequest() && !m_closed && m_state != Connected)
+        setState(Connecting);
+    return true;
+}
+
+// After the end of the queue the worker wakes nobody any more.
+void HServer::lookAtWorkerLater()
+{
+    if (m_closed)
+        QMetaObject::invokeMethod(this, &HServer::lookAtWorker, Qt::QueuedConnection);
+}
+
+void HServer::setAddressRotator(std::unique_ptr<HServerAddressRotator> rotator)
+{
+    m_rotator = std::move(rotator);
+    updateSituation();
+}
+
+HServerAddress HServer::currentAddress() const
+{
+    return m_rotator ? m_rotator->current() : HServerAddress();
+}
+
+void HServer::setAccountKnown(bool known)
+{
+    m_accountKnown = known;
+    updateSituation();
+}
+
+void HServer::setRequestDeadline(int milliseconds)
+{
+    m_situation->deadline = milliseconds;
+    updateSituation();
+}
+
+void HServer::logIn(const QString &session)
+{
+    m_situation->session = session;
+    setState(Connected);
+    updateSituation();
+}
+
+void HServer::logOut()
+{
+    m_situation->session.clear();
+    m_worker->abandonAll(RequestFailure::Kind::LoggedOut);
+    setState(Disconnected);
+    updateSituation();
+    deliverFinished();
+}
+
+bool HServer::shutDown()
+{
+    m_closed = true;
+    m_core->stopRunning();
+    m_queue->close();
+    deliverFinished();
+    m_worker->interrupt(0, RequestFailure::Kind::ShuttingDown);
+    if (!m_worker->wait(longestWaitForWorker))
+        return false;
+    m_deadlineTimer.stop();
+    deliverFinished();
+    setState(Disconnected);
+    return true;
+}
+
+void HServer::startWorker()
+{
+    if (!m_closed)
+        m_worker->start();
+}
+
+void HServer::lookAtWorker()
+{
+    deliverFinished();
+    watchDeadline();
+}
+
+void HServer::watchDeadline()
+{
+    const RequestQueue::Current current = m_queue->current();
+    if (current.turn == m_watched)
+        return;
+    m_watched = current.turn;
+    if (current.turn == 0) {
+        m_deadlineTimer.stop();
+        return;
+    }
+    const auto left =
+        std::chrono::duration_cast<std::chrono::milliseconds>(current.deadline - ServerJob::Clock::now());
+    m_deadlineTimer.start(std::max(std::chrono::milliseconds(0), left));
+}
+
+// What the slots add while this runs waits for another turn of the event loop, so that a slot that always
+// asks again holds nobody up. A slot with an event loop of its own may have delivered the rest already.
+void HServer::deliverFinished()
+{
+    for (std::size_t left = m_queue->finishedCount(); left > 0; --left) {
+        const RequestQueue::Jobs job = m_queue->takeFinished();
+        if (job.empty())
+            return;
+        deliver(job.front());
+    }
+}
+
+void HServer::deliver(const ServerJob &job)
+{
+    HRequest &request = *job.request;
+    // A reply may be good XML and still not be what the request needs.
+    if (request.m_failure.isNull() && !request.isSuccessful())
+        request.m_failure = RequestFailure::Kind::BadReply;
+    const RequestFailure failure = request.failure();
+    const bool isLogin = request.isLoginRequest();
+    // A login that was applied meanwhile has a session of its own, which nobody refused.
+    const bool sessionEnded = failure.kind() == RequestFailure::Kind::RefusedSession
+        && job.situation.session == m_situation->session;
+
+    follow(failure, isLogin, sessionEnded);
+    m_queue->goOn(job.turn);
+    request.deliver();
+    if (!failure.isNull())
+        Q_EMIT requestFailed(failure, isLogin);
+    if (sessionEnded)
+        Q_EMIT sessionRefused();
+}
+
+void HServer::follow(const RequestFailure &failure, bool isLogin, bool sessionEnded)
+{
+    if (m_rotator && failure.isAddressToBlame())
+        m_rotator->rotate();
+    if (sessionEnded) {
+        m_situation->session.clear();
+        setState(Disconnected);
+    } else if (failure.isServiceLost()) {
+        setState(ServiceLost);
+    } else if (isLogin && !failure.isNull() && m_state == Connecting) {
+        setState(failure.isAddressToBlame() ? ServiceLost : Disconnected);
+    }
+    updateSituation();
+}
+
+void HServer::setState(State state)
+{
+    if (state == m_state)
+        return;
+    m_state = state;
+    updateSituation();
+    Q_EMIT stateChanged(state);
+}
+
+void HServer::updateSituation()
+{
+    m_situation->address = currentAddress();
+    m_situation->ready = !m_closed && m_accountKnown && !m_situation->address.isNull();
+    m_situation->connected = m_state == Connected;
+    m_queue->setSituation(*m_situation);
+}

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <halvora/connectorexport.h>
+#include <halvora/hrequest.h>
+#include <halvora/hserveraddress.h>
+
+#include <QObject>
+#include <QSharedPointer>
+#include <QTimer>
+
+#include <memory>
+
+class Core;
+class HServerAddressRotator;
+class RequestQueue;
+class ServerWorker;
+struct ServerJob;
+struct ServerSituation;
+
+/// The way to the account service: a queue of requests and one worker thread that sends them, one after the
+/// other. Every request that is handed over is delivered exactly once, whatever the service does and also at
+/// shutdown. All operations belong to the GUI thread.
+class HALVORA_CONNECTOR_EXPORT HServer : public QObject {
+    Q_OBJECT
+public:
+    enum State {
+        Disconnected = 0, ///< nobody is logged in
+        Connecting = 1,   ///< a login is under way and none was applied before
+        Connected = 2,    ///< a login is applied; requests can be sent
+        ServiceLost = 3,  ///< the service could not be reached; a login has to come first
+    };
+    Q_ENUM(State)
+
+    explicit HServer(Core *core, QObject *parent = nullptr);
+    /// The worker must have ended, see shutDown().
+    ~HServer() override;
+
+    State connectorState() const;
+    /// To the back of the queue. A request is handed over once; again it is ignored.
+    void addRequestToQueue(const QSharedPointer<HRequest> &request);
+    /// To the front of the queue.
+    void prependRequestToQueue(const QSharedPointer<HRequest> &request);
+
+    /// Takes the addresses over; the one that was set before goes.
+    void setAddressRotator(std::unique_ptr<HServerAddressRotator> rotator);
+    /// The address that the next request will go to; a null one when there is none.
+    HServerAddress currentAddress() const;
+    /// Whether there is a user name and a password to log in with.
+    void setAccountKnown(bool known);
+    /// Milliseconds for one request, from the moment the worker takes it; applies to requests taken later.
+    void setRequestDeadline(int milliseconds);
+
+    /// A login was applied: @p session goes with every request from now on.
+    void logIn(const QString &session);
+    /// Forgets the session. Every request that waits, is under way or was not delivered yet ends without
+    /// success.
+    void logOut();
+
+    /// Delivers everything that waits as unsuccessful, interrupts what runs and waits for the worker, at most
+    /// two seconds. False when the worker still runs: nothing that it knows may be destroyed then.
+    bool shutDown();
+
+Q_SIGNALS:
+    /// Only when it really changed.
+    void stateChanged(HServer::State state);
+    /// A request was delivered without success; @p failure says why.
+    void requestFailed(const RequestFailure &failure, bool isLogin);
+    /// The service asks for a new login.
+    void sessionRefused();
+
+private Q_SLOTS:
+    void lookAtWorker();
+
+private:
+    bool accept(const QSharedPointer<HRequest> &request);
+    void setState(State state);
+    void lookAtWorkerLater();
+    void updateSituation();
+    void startWorker();
+    void watchDeadline();
+    void deliverFinished();
+    void deliver(const ServerJob &job);
+    void follow(const RequestFailure &failure, bool isLogin, bool sessionEnded);
+
+    Core *const m_core;
+    std::unique_ptr<RequestQueue> m_queue;
+    std::unique_ptr<HServerAddressRotator> m_rotator;
+    std::unique_ptr<ServerSituation> m_situation;
+    std::unique_ptr<ServerWorker> m_worker;
+    QTimer m_deadlineTimer;
+    quint64 m_watched = 0; ///< the turn whose deadline the timer waits for
+    State m_state = Disconnected;
+    bool m_accountKnown = false;
+    bool m_closed = false;
+};
