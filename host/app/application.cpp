@@ -1,0 +1,182 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "application.h"
+
+#include "logincontroller.h"
+
+#include <halvora/abstractprovider.h>
+#include <halvora/connector.h>
+#include <halvora/connectorplugin.h>
+#include <halvora/core.h>
+#include <halvora/coreplugininterface.h>
+#include <halvora/hserveraddressrotator.h>
+#include <halvora/localemanager.h>
+#include <halvora/mainwindow.h>
+#include <halvora/pluginloader.h>
+#include <halvora/pluginmanager.h>
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QSettings>
+#include <QTimer>
+
+#include <cstdlib>
+
+Q_LOGGING_CATEGORY(logApplication, "halvora.application")
+
+namespace {
+
+QStringList translationDirectories()
+{
+    const QString program = QCoreApplication::applicationDirPath();
+    return {program + QStringLiteral("/translations"), program + QStringLiteral("/../share/halvora/translations")};
+}
+
+QString pluginDirectory(const Options &options)
+{
+    if (!options.pluginDirectory.isEmpty())
+        return options.pluginDirectory;
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/plugins");
+}
+
+} // namespace
+
+Application::Application(const Options &options)
+    : m_options(options)
+    , m_core(std::make_unique<Core>(options.profile))
+{
+    m_core->locale()->setTranslationDirectories(translationDirectories());
+    m_core->locale()->installSaved();
+    m_core->setAuthorityFile(options.authorityFile);
+    loadPlugins(pluginDirectory(options));
+    useService();
+
+    m_window = std::make_unique<MainWindow>(m_core.get());
+    m_core->setMainWindow(m_window.get());
+    polishPlugins();
+    connectWindow();
+    m_window->restoreLayout();
+}
+
+Application::~Application()
+{
+    shutDown(EXIT_FAILURE);
+}
+
+void Application::loadPlugins(const QString &directory)
+{
+    const QVector<PluginResult> results = PluginLoader::loadAll(directory);
+    for (const PluginResult &result : results) {
+        if (result.plugin) {
+            addPlugin(result.plugin, result.file);
+        } else {
+            qCWarning(logApplication).noquote() << result.logText;
+            m_notices.append(result.userText);
+        }
+    }
+    if (results.isEmpty())
+        m_notices.append(tr("No provider plug-in was found in %1.").arg(directory));
+    m_benchmark.lap(QStringLiteral("load"));
+}
+
+void Application::addPlugin(CorePluginInterface *plugin, const QString &file)
+{
+    m_core->setProviderName(QFileInfo(file).completeBaseName());
+    plugin->create(this, m_core.get());
+    m_plugins.append(plugin);
+    if (!m_provider)
+        m_provider = dynamic_cast<AbstractProvider *>(plugin);
+    m_benchmark.lap(QStringLiteral("create"));
+}
+
+void Application::useService()
+{
+    if (!m_provider || m_options.serviceHost.isEmpty())
+        return;
+    const HServerAddress address(m_options.serviceHost, m_options.servicePort, true, 0);
+    const ConnectorPlugin *plugin = m_provider->connectorPlugin();
+    plugin->connector()->server()->setAddressRotator(
+        std::make_unique<HServerAddressRotator>(plugin->configName(), QList<HServerAddress>{address}));
+}
+
+// All in one turn of the event loop: what a plug-in queues for later in init() finds its panels.
+void Application::polishPlugins()
+{
+    for (CorePluginInterface *plugin : qAsConst(m_plugins)) {
+        plugin->init(m_benchmark);
+        plugin->polish(m_window.get());
+    }
+    m_benchmark.lap(QStringLiteral("init and polish"));
+    if (!m_provider)
+        return;
+    m_provider->retranslateUi();
+    m_window->setWindowTitle(m_provider->windowTitle());
+    m_window->setAboutAction(m_provider->aboutAction());
+    if (QWidget *home = m_provider->homeWidget())
+        m_window->setCentralWidget(home);
+    m_login = std::make_unique<LoginController>(m_provider->connectorPlugin(), m_window.get());
+}
+
+void Application::start()
+{
+    for (CorePluginInterface *plugin : qAsConst(m_plugins))
+        plugin->onApplicationStart();
+    m_window->show();
+    for (const QString &notice : qAsConst(m_notices))
+        m_window->showNotice(notice);
+    for (CorePluginInterface *plugin : qAsConst(m_plugins))
+        plugin->onJobControllerRestore();
+    // After what the plug-ins queued at their start.
+    QTimer::singleShot(0, this, [this] {
+        for (CorePluginInterface *plugin : qAsConst(m_plugins))
+            plugin->onApplicationStartFinished();
+        readPassword();
+    });
+    if (!m_options.screenshot.isEmpty())
+        takePicture(m_options.screenshot);
+    for (const Benchmark::Stage &stage : m_benchmark.stages())
+        qCDebug(logApplication) << stage.name << stage.nanoseconds / 1000 << "µs";
+}
+
+void Application::shutDown(int exitCode)
+{
+    if (m_down)
+        return;
+    m_down = true;
+    m_login.reset();
+    for (CorePluginInterface *plugin : qAsConst(m_plugins))
+        plugin->onShutdown();
+    const bool workerEnded = !m_provider || m_provider->connectorPlugin()->connector()->server()->shutDown();
+    if (!workerEnded) {
+        qCWarning(logApplication) << "the worker did not end in time";
+        m_core->plugin()->clear();
+        m_core->settings().sync();
+        std::_Exit(exitCode);
+    }
+    m_window.reset();
+    m_core->plugin()->clear();
+    if (m_provider)
+        m_provider->releaseConnectorPlugin();
+    m_core.reset();
+}
+
+Core *Application::core() const
+{
+    return m_core.get();
+}
+
+MainWindow *Application::window() const
+{
+    return m_window.get();
+}
+
+LoginController *Application::login() const
+{
+    return m_login.get();
+}
+
+ConnectorPlugin *Application::connectorPlugin() const
+{
+    return m_provider ? m_provider->connectorPlugin() : nullptr;
+}

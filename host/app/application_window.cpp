@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "application.h"
+
+#include "logincontroller.h"
+#include "passwordpipe.h"
+#include "picture.h"
+#include "settingsdialog.h"
+
+#include <halvora/abstractprovider.h>
+#include <halvora/connector.h>
+#include <halvora/connectorplugin.h>
+#include <halvora/core.h>
+#include <halvora/hlog.h>
+#include <halvora/linkopener.h>
+#include <halvora/localemanager.h>
+#include <halvora/mainwindow.h>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QSaveFile>
+
+void Application::connectWindow()
+{
+    connect(m_window.get(), &MainWindow::settingsRequested, this, &Application::showSettings);
+    connect(m_window.get(), &MainWindow::reportRequested, this, &Application::saveReport);
+    connect(m_window.get(), &MainWindow::closing, qApp, &QApplication::quit);
+    connect(m_window.get(), &MainWindow::linkRequested, this, [this](const QUrl &url) { m_core->links().open(url); });
+    connect(&m_core->links(), &LinkOpener::refused, m_window.get(), &MainWindow::showNotice);
+    connect(m_core->locale(), &LocaleManager::languageChanged, this, &Application::changeLanguage);
+    if (!m_provider) {
+        m_window->setOnlineState(MainWindow::Offline, tr("No provider plug-in is loaded"));
+        m_window->setLoginPossible(false, false);
+        return;
+    }
+    HServer *server = m_provider->connectorPlugin()->connector()->server();
+    connect(server, &HServer::stateChanged, this, &Application::showState);
+    showState(server->connectorState());
+}
+
+void Application::showState(HServer::State state)
+{
+    const ConnectorPlugin *plugin = m_provider->connectorPlugin();
+    const HServerAddress address = plugin->connector()->server()->currentAddress();
+    const QString service = tr("account service %1").arg(address.host());
+    switch (state) {
+    case HServer::Disconnected:
+        return m_window->setOnlineState(MainWindow::Offline, tr("%1 – %2").arg(plugin->offlineText(), service));
+    case HServer::Connecting:
+        return m_window->setOnlineState(MainWindow::Connecting, tr("Logging in – %1").arg(service));
+    case HServer::Connected:
+        return m_window->setOnlineState(MainWindow::Connected, tr("%1 – %2").arg(plugin->onlineText(), service));
+    case HServer::ServiceLost:
+        return m_window->setOnlineState(MainWindow::Lost, tr("No connection – %1").arg(service));
+    }
+}
+
+void Application::changeLanguage()
+{
+    for (CorePluginInterface *plugin : qAsConst(m_plugins))
+        plugin->onLanguageChange();
+    if (m_provider)
+        showState(m_provider->connectorPlugin()->connector()->server()->connectorState());
+}
+
+void Application::showSettings()
+{
+    auto *dialog = new SettingsDialog(m_core->locale(), connectorPlugin(), m_window.get());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+}
+
+void Application::saveReport()
+{
+    auto *dialog = new QFileDialog(m_window.get(), tr("Save a Report"), QString(), tr("Text files (*.txt)"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("txt"));
+    dialog->selectFile(QStringLiteral("halvora-report.txt"));
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
+        QSaveFile file(path);
+        const bool saved = file.open(QIODevice::WriteOnly) && file.write(HLog::report().toUtf8()) >= 0 && file.commit();
+        m_window->showNotice(saved ? tr("The report was saved to %1.").arg(path)
+                                   : tr("The report could not be saved: %1").arg(file.errorString()));
+    });
+    dialog->open();
+}
+
+void Application::readPassword()
+{
+    if (!m_login)
+        return;
+    if (m_options.passwordDescriptor < 0) {
+        m_login->start(m_options.user, QString());
+        return;
+    }
+    auto *pipe = new PasswordPipe(m_options.passwordDescriptor, this);
+    connect(pipe, &PasswordPipe::finished, m_login.get(),
+            [this](const QString &password) { m_login->start(m_options.user, password); });
+}
+
+void Application::takePicture(const QString &file)
+{
+    if (!m_login) {
+        qCritical("There is no account to log in to.");
+        QMetaObject::invokeMethod(qApp, [] { QCoreApplication::exit(EXIT_FAILURE); }, Qt::QueuedConnection);
+        return;
+    }
+    new Picture(file, m_window.get(), m_provider->connectorPlugin()->connector()->server(), m_login.get(), this);
+}

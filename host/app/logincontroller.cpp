@@ -1,0 +1,189 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "logincontroller.h"
+
+#include "logindialog.h"
+#include "passwordstore.h"
+
+#include <halvora/connector.h>
+#include <halvora/connectorplugin.h>
+#include <halvora/core.h>
+#include <halvora/hlog.h>
+#include <halvora/mainwindow.h>
+
+#include <QSettings>
+
+namespace {
+
+constexpr int longestPause = 300'000;   // milliseconds
+constexpr qint64 lastingLogin = 60'000; // milliseconds
+
+QString userKey()
+{
+    return QStringLiteral("Account/UserName");
+}
+
+// Nothing will change until a person does something about it.
+bool needsPerson(const RequestFailure &failure)
+{
+    switch (failure.kind()) {
+    case RequestFailure::Kind::CredentialsTest:
+        return !failure.detail().isEmpty();
+    case RequestFailure::Kind::RefusedCredentials:
+    case RequestFailure::Kind::Refused:
+    case RequestFailure::Kind::Unwritable:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool isOwnDoing(const RequestFailure &failure)
+{
+    return failure.kind() == RequestFailure::Kind::LoggedOut
+        || failure.kind() == RequestFailure::Kind::ShuttingDown;
+}
+
+} // namespace
+
+LoginController::LoginController(ConnectorPlugin *plugin, MainWindow *window, QObject *parent)
+    : QObject(parent)
+    , m_plugin(plugin)
+    , m_window(window)
+    , m_passwords(new PasswordStore(this))
+{
+    HServer *server = plugin->connector()->server();
+    m_retry.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, [this] { m_plugin->startLogin(); });
+    connect(server, &HServer::stateChanged, this, &LoginController::follow);
+    connect(server, &HServer::requestFailed, this, &LoginController::tell);
+    connect(server, &HServer::sessionRefused, this, &LoginController::relogin);
+    connect(m_passwords, &PasswordStore::found, this, &LoginController::passwordFound);
+    connect(window, &MainWindow::loginRequested, this, &LoginController::showDialog);
+    connect(window, &MainWindow::logoutRequested, this, &LoginController::logOut);
+    updateMenu();
+}
+
+LoginController::~LoginController() = default;
+
+void LoginController::setFirstPause(int milliseconds)
+{
+    m_firstPause = milliseconds;
+}
+
+void LoginController::start(const QString &user, const QString &password)
+{
+    const QString name = user.isEmpty() ? m_plugin->core()->settings().value(userKey()).toString() : user;
+    m_plugin->connector()->setAccount(name, password);
+    if (!name.isEmpty() && !password.isEmpty())
+        logIn(name, password);
+    else if (!name.isEmpty())
+        m_passwords->look(name);
+}
+
+void LoginController::passwordFound(const QString &user, const QString &password)
+{
+    const Connector *connector = m_plugin->connector();
+    const bool stillWanted = connector->username() == user && connector->password().isEmpty();
+    if (stillWanted && !password.isEmpty())
+        logIn(user, password);
+}
+
+void LoginController::logIn(const QString &user, const QString &password)
+{
+    HLog::addSecret(password);
+    HLog::addSecret(user);
+    m_retry.stop();
+    m_plugin->connector()->setAccount(user, password);
+    m_plugin->startLogin();
+}
+
+void LoginController::showDialog()
+{
+    if (!m_dialog) {
+        m_dialog = new LoginDialog(m_plugin->loginPixmap(), m_window);
+        m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+        m_dialog->setAccount(m_plugin->connector()->username(), QString());
+        connect(m_dialog, &LoginDialog::loginRequested, this, &LoginController::logIn);
+        m_dialog->setBusy(m_plugin->connector()->server()->connectorState() == HServer::Connecting);
+    }
+    m_dialog->open();
+}
+
+void LoginController::logOut()
+{
+    const QString user = m_plugin->connector()->username();
+    m_retry.stop();
+    m_pause = 0;
+    m_plugin->connector()->logOut();
+    m_plugin->core()->settings().remove(userKey());
+    if (!user.isEmpty())
+        m_passwords->forget(user);
+}
+
+void LoginController::follow(HServer::State state)
+{
+    if (m_dialog)
+        m_dialog->setBusy(state == HServer::Connecting);
+    if (state == HServer::Connected) {
+        const Connector *connector = m_plugin->connector();
+        m_sinceLogin.start();
+        m_retry.stop();
+        m_plugin->core()->settings().setValue(userKey(), connector->username());
+        m_passwords->keep(connector->username(), connector->password());
+        if (m_dialog)
+            m_dialog->accept();
+    } else if (state == HServer::ServiceLost) {
+        retryLater();
+    }
+    updateMenu();
+}
+
+void LoginController::tell(const RequestFailure &failure, bool isLogin)
+{
+    if (isOwnDoing(failure))
+        return;
+    m_window->showNotice(failure.sentence());
+    if (!isLogin)
+        return;
+    // Hosts that nobody answers at are no test of a password; the next login brings new ones.
+    if (failure.kind() == RequestFailure::Kind::CredentialsTest && failure.detail().isEmpty()) {
+        m_plugin->connector()->forgetNntpHosts();
+        retryLater();
+    }
+    if (needsPerson(failure)) {
+        m_retry.stop();
+        showDialog();
+    }
+    if (m_dialog) {
+        const bool fromNews = failure.kind() == RequestFailure::Kind::CredentialsTest;
+        m_dialog->setBusy(false);
+        m_dialog->setFailure(failure.sentence(), fromNews ? failure.detail() : QString());
+    }
+    Q_EMIT loginFailed(failure);
+}
+
+// A service that refuses each session word soon after it gave it is not asked without a pause.
+void LoginController::relogin()
+{
+    if (m_sinceLogin.isValid() && m_sinceLogin.elapsed() > lastingLogin)
+        m_plugin->startLogin();
+    else
+        retryLater();
+}
+
+void LoginController::retryLater()
+{
+    if (m_plugin->connector()->password().isEmpty() || m_retry.isActive())
+        return;
+    const bool lasted = m_sinceLogin.isValid() && m_sinceLogin.elapsed() > lastingLogin;
+    m_pause = m_pause == 0 || lasted ? m_firstPause : qMin(m_pause * 2, longestPause);
+    m_sinceLogin.invalidate();
+    m_retry.start(m_pause);
+}
+
+void LoginController::updateMenu()
+{
+    const HServer::State state = m_plugin->connector()->server()->connectorState();
+    m_window->setLoginPossible(state != HServer::Connected, state != HServer::Disconnected);
+}

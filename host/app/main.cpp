@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "application.h"
+#include "commandline.h"
+
+#include <halvora/hlog.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QIcon>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr int misused = 2;
+
+void nameProgram()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("Halvora"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(HALVORA_VERSION));
+    QCoreApplication::setOrganizationName(QStringLiteral("halvora"));
+}
+
+// Needs no display, so that --help and --version work everywhere.
+CommandLine::Result readCommandLine(int argc, char **argv, Options &options)
+{
+    const QCoreApplication application(argc, argv);
+    QString text;
+    const CommandLine::Result result = CommandLine::parse(QCoreApplication::arguments(), options, text);
+    if (result != CommandLine::Run)
+        std::fprintf(result == CommandLine::Done ? stdout : stderr, "%s\n", qUtf8Printable(text.trimmed()));
+    return result;
+}
+
+bool makeProfile(const QString &profile)
+{
+    if (profile.isEmpty() || QDir(profile).exists())
+        return true;
+    if (!QDir().mkpath(profile)) {
+        std::fprintf(stderr, "The folder %s can not be made.\n", qUtf8Printable(profile));
+        return false;
+    }
+    QFile::setPermissions(profile, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return true;
+}
+
+QIcon programIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/app/icon/%1x%1.png").arg(size));
+    return icon;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    nameProgram();
+    Options options;
+    switch (readCommandLine(argc, argv, options)) {
+    case CommandLine::Done:
+        return EXIT_SUCCESS;
+    case CommandLine::Misused:
+        return misused;
+    case CommandLine::Run:
+        break;
+    }
+    if (!makeProfile(options.profile))
+        return EXIT_FAILURE;
+
+    HLog::install();
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication qtApplication(argc, argv);
+    QApplication::setDesktopFileName(QStringLiteral("org.halvora.Halvora"));
+    QApplication::setWindowIcon(programIcon());
+    Application application(options);
+    application.start();
+    const int exitCode = QApplication::exec();
+    application.shutDown(exitCode);
+    return exitCode;
+}

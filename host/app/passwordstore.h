@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+/// Keeps the password in the desktop's keyring (QtKeychain). Where no keyring answers, nothing is kept: never
+/// in a file. Nothing here waits; GUI thread.
+class PasswordStore final : public QObject {
+    Q_OBJECT
+public:
+    explicit PasswordStore(QObject *parent = nullptr);
+
+    /// Answers with found().
+    void look(const QString &user);
+    void keep(const QString &user, const QString &password);
+    void forget(const QString &user);
+
+Q_SIGNALS:
+    /// @p password is empty when none is known.
+    void found(const QString &user, const QString &password);
+};

@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "settingsdialog.h"
+
+#include <halvora/connector.h>
+#include <halvora/connectorplugin.h>
+#include <halvora/hautosearchservice.h>
+#include <halvora/hnntpdistributor.h>
+#include <halvora/localemanager.h>
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QEvent>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int mostConnections = 200;
+
+} // namespace
+
+SettingsDialog::SettingsDialog(LocaleManager *locale, ConnectorPlugin *plugin, QWidget *parent)
+    : QDialog(parent)
+    , m_locale(locale)
+    , m_plugin(plugin)
+    , m_languageCaption(new QLabel(this))
+    , m_language(new QComboBox(this))
+    , m_connectionsCaption(new QLabel(this))
+    , m_connections(new QSpinBox(this))
+    , m_connectionsNote(new QLabel(this))
+    , m_searchCaption(new QLabel(this))
+    , m_search(new QLabel(this))
+{
+    setObjectName(QStringLiteral("SettingsDialog"));
+    m_language->setObjectName(QStringLiteral("language"));
+    m_connections->setObjectName(QStringLiteral("connections"));
+    fillLanguages();
+    build();
+    retranslate();
+}
+
+void SettingsDialog::build()
+{
+    m_languageCaption->setBuddy(m_language);
+    m_connectionsCaption->setBuddy(m_connections);
+    m_connections->setRange(1, mostConnections);
+    auto *form = new QFormLayout;
+    form->setSpacing(10);
+    form->addRow(m_languageCaption, m_language);
+    if (m_plugin) {
+        m_connections->setValue(m_plugin->connector()->distributor()->wantedConnections());
+        form->addRow(m_connectionsCaption, m_connections);
+        form->addRow(QString(), m_connectionsNote);
+        form->addRow(m_searchCaption, m_search);
+    } else {
+        for (QWidget *widget : std::initializer_list<QWidget *>{m_connectionsCaption, m_connections,
+                                                                m_connectionsNote, m_searchCaption, m_search})
+            widget->hide();
+    }
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(20, 20, 20, 16);
+    layout->setSpacing(16);
+    layout->addLayout(form);
+    layout->addStretch();
+    layout->addWidget(buttons);
+}
+
+// Each language is called what its speakers call it.
+void SettingsDialog::fillLanguages()
+{
+    const QStringList languages = m_locale->availableLanguages();
+    for (const QString &language : languages) {
+        const QString name = QLocale(language).nativeLanguageName();
+        m_language->addItem(name.isEmpty() ? language : name, language);
+    }
+    m_language->setCurrentIndex(m_language->findData(m_locale->currentLanguage()));
+}
+
+void SettingsDialog::accept()
+{
+    if (m_plugin)
+        m_plugin->connector()->distributor()->setWantedConnections(m_connections->value());
+    const QString language = m_language->currentData().toString();
+    QDialog::accept();
+    if (language != m_locale->currentLanguage())
+        m_locale->setLanguage(language);
+}
+
+void SettingsDialog::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QDialog::changeEvent(event);
+}
+
+void SettingsDialog::retranslate()
+{
+    setWindowTitle(tr("Settings"));
+    m_languageCaption->setText(tr("&Language:"));
+    m_connectionsCaption->setText(tr("&Connections:"));
+    m_searchCaption->setText(tr("Automatic search:"));
+    if (!m_plugin)
+        return;
+    const Connector *connector = m_plugin->connector();
+    m_connectionsNote->setText(tr("Your account allows %1.").arg(connector->distributor()->maxConnectionsMax()));
+    const int interval = connector->autoSearch()->checkInterval();
+    m_search->setText(interval > 0 ? tr("every %1 minutes").arg((interval + 59) / 60) : tr("not yet known"));
+}
