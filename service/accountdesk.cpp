@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+
+#include "accountdesk.h"
+
+#include "accountreply.h"
+#include "embedded.h"
+
+namespace corvia {
+
+AccountDesk::AccountDesk(AccountBook &book, int autoSearchInterval, const std::vector<NewsServer> &ownServers)
+    : book_(book)
+    , autoSearchInterval_(autoSearchInterval)
+    , ownServers_(ownServers)
+    , schema_(requestSchema())
+{
+}
+
+AccountRequest AccountDesk::read(const std::string &body) const
+{
+    return AccountRequest::read(body, schema_);
+}
+
+std::string AccountDesk::answer(const AccountRequest &request, const Fault &fault)
+{
+    if (fault.kind == Fault::Kind::ForgetSessions) {
+        book_.forgetSessions();
+    }
+    if (!request.problem.empty()) {
+        return errorReply("request", request.problem);
+    }
+    if (request.name == "login") {
+        const bool refused = fault.kind == Fault::Kind::RefuseLogin;
+        return refused ? errorReply("credentials", fault.text) : answerLogin(request);
+    }
+    return answerStatus(request);
+}
+
+std::string AccountDesk::answerLogin(const AccountRequest &request)
+{
+    const std::string refusal = book_.refusalFor(request.userName, request.password);
+    if (!refusal.empty()) {
+        return errorReply("credentials", refusal);
+    }
+    const std::string word = book_.openSession(request.userName);
+    return loginReply(*book_.account(request.userName), word, autoSearchInterval_, ownServers_);
+}
+
+std::string AccountDesk::answerStatus(const AccountRequest &request) const
+{
+    const std::optional<Account> account = book_.accountOfSession(request.session);
+    if (!account) {
+        return errorReply("session", "The session is unknown or has ended; please log in again.");
+    }
+    return statusReply(account->status);
+}
+
+} // namespace corvia

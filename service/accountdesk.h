@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "accountbook.h"
+#include "accountrequest.h"
+#include "fault.h"
+
+namespace corvia {
+
+/// Answers account requests, one document for another. Every member may be called from any thread.
+class AccountDesk {
+public:
+    /// `book` has to outlive the desk. `autoSearchInterval` is in seconds.
+    AccountDesk(AccountBook &book, int autoSearchInterval, const std::vector<NewsServer> &ownServers);
+
+    AccountRequest read(const std::string &body) const;
+    /// The reply to `request`. Heeds the faults that are about what is said, not about how it is sent.
+    std::string answer(const AccountRequest &request, const Fault &fault);
+
+private:
+    std::string answerLogin(const AccountRequest &request);
+    std::string answerStatus(const AccountRequest &request) const;
+
+    AccountBook &book_;
+    const int autoSearchInterval_;
+    const std::vector<NewsServer> ownServers_;
+    const Schema schema_;
+};
+
+} // namespace corvia

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+
+#include "accountrequest.h"
+
+namespace corvia {
+
+namespace {
+
+std::string textOfElement(const xmlNode *parent, const char *name)
+{
+    const xmlNode *element = XmlDocument::elementOf(parent, name);
+    return element != nullptr ? XmlDocument::textOf(element) : std::string();
+}
+
+} // namespace
+
+AccountRequest AccountRequest::read(const std::string &body, const Schema &schema)
+{
+    AccountRequest request;
+    const XmlDocument document(body);
+    if (!document) {
+        request.problem = document.problem();
+        return request;
+    }
+    request.session = XmlDocument::attributeOf(document.root(), "session").value_or("");
+    const auto elements = XmlDocument::elementsOf(document.root());
+    if (!elements.empty()) {
+        request.name = XmlDocument::nameOf(elements.front());
+        request.userName = textOfElement(elements.front(), "user-name");
+        request.password = textOfElement(elements.front(), "password");
+    }
+    request.problem = schema.firstProblem(document);
+    return request;
+}
+
+} // namespace corvia
