@@ -1,0 +1,42 @@
+#!/bin/bash
+# SPDX-FileCopyrightText: 2026 The Halvora developers
+# SPDX-License-Identifier: MIT
+# Renders the PNG twins of the drawings that need some: the application's icon and the plug-in's banner.
+#   scripts/render-icons.sh              writes them into the source tree, where they are committed
+#   scripts/render-icons.sh --check DIR  writes them into DIR, and fails if one of the tree shows another picture
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")/.."
+
+usage() { sed -n '4,6s/^# \{0,1\}//p' "$0" >&2; exit 2; }
+check=
+case ${1-} in
+'') [ $# -eq 0 ] || usage; into=$PWD ;;
+--check) [ $# -eq 2 ] || usage; mkdir -p "$2"; into=$(readlink -f "$2"); check=yes ;;
+*) usage ;;
+esac
+
+if ! command -v rsvg-convert >/dev/null; then
+    root=; [ "$(id -u)" -eq 0 ] || root=sudo
+    $root apt-get update -q
+    $root apt-get install -yq --no-install-recommends librsvg2-bin
+fi
+
+made=()
+render() { # drawing, picture, width, height
+    mkdir -p "$into/$(dirname "$2")"
+    rsvg-convert --width "$3" --height "$4" --output "$into/$2" "$1"
+    made+=("$2")
+}
+
+for size in 16 32 48 64 128 256; do
+    render resources/org.halvora.Halvora.svg "resources/app/${size}x$size.png" $size $size
+done
+render plugin/resources/images/login.svg plugin/resources/images/login100.png 450 100
+render plugin/resources/images/login.svg plugin/resources/images/login200.png 900 200
+
+[ -n "$check" ] || exit 0
+status=0
+for picture in "${made[@]}"; do
+    cmp -s "$picture" "$into/$picture" || { echo "differs from its drawing: $picture" >&2; status=1; }
+done
+exit $status

@@ -1,0 +1,417 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "loopbackaccount.h"
+
+#include "connector/cvconnectorplugin.h"
+#include "requests/cvcontext.h"
+
+#include <halvora/benchmark.h>
+#include <halvora/connector.h>
+#include <halvora/hautosearchservice.h>
+#include <halvora/hjobresulthandler.h>
+#include <halvora/hnntpdistributor.h>
+#include <halvora/hserver.h>
+#include <halvora/mainwindow.h>
+#include <halvora/pluginmanager.h>
+#include <halvora/statsplugin.h>
+
+#include <QAction>
+#include <QDockWidget>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+/// Tells who asks what, without an answer from anybody.
+class AskedRequest final : public HRequest {
+public:
+    using HRequest::HRequest;
+    void buildRequestInternal(QXmlStreamWriter &) override {}
+    bool isAllowedToSend(bool serverReady, bool) const override { return serverReady; }
+};
+
+/// The demo account, changed where a test needs it.
+std::string scenario(const std::string &status)
+{
+    return R"(<?xml version="1.0" encoding="UTF-8"?>
+<scenario version="1" auto-search-interval="720"><account user="demo" password="pinegate">)"
+        + status + R"(</account><groups><group name="comp.demo" posting="y"/></groups></scenario>)";
+}
+
+class CountingPlugin final : public CVConnectorPlugin {
+public:
+    using CVConnectorPlugin::CVConnectorPlugin;
+    int refreshes = 0;
+    QStringList applied;
+
+    void refreshStatus() override
+    {
+        ++refreshes;
+        CVConnectorPlugin::refreshStatus();
+    }
+    void applyLogin(HLoginRequest *login) override
+    {
+        applied.append(QString::number(connector()->distributor()->maxConnectionsMax()));
+        CVConnectorPlugin::applyLogin(login);
+    }
+};
+
+} // namespace
+
+class TestCVConnectorPlugin : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void theConstructorMakesWhatTheHostAsksFor();
+    void theStatusTimerRunsEveryTenMinutes();
+    void thereIsOneAddressAndItIsThePrimary();
+    void theMetaObjectIsAsAgreed();
+    void aSecondLoginIsIgnoredWhileOneIsInFlight();
+    void aLoginGoesToTheFront();
+    void aStatusRequestGoesToTheBack();
+    void aStatusRequestNeedsALogin();
+    void aSecondStatusRequestIsIgnoredWhileOneIsInFlight();
+    void aLoginIsAppliedInItsOrder();
+    void aLoginArmsOneMoreStatusRequest();
+    void aStatusReplyArmsNothing();
+    void aLoginWithoutNextUpdateArmsNothing();
+    void aRefusedLoginChangesNothingAndMayBeRepeated();
+    void aLimitOfZeroOrUnknownLeavesTheDistributorAlone();
+    void aStatusReplySetsTheLimitAnew();
+    void aFailedStatusRequestShowsTheLoginPage();
+    void anUpdateIsTold();
+    void thePanelIsMadeWithTheStatistics();
+    void withoutStatisticsThePanelHasNone();
+    void destroyingItWithRequestsInFlightIsHarmless();
+};
+
+void TestCVConnectorPlugin::theConstructorMakesWhatTheHostAsksFor()
+{
+    LoopbackAccount account;
+    const CVConnectorPlugin plugin(&account.core());
+    QCOMPARE(plugin.jobResultHandler()->connector(), plugin.connector());
+    QCOMPARE(plugin.jobResultHandler()->parent(), &plugin);
+    QCOMPARE(plugin.aboutAction()->parent(), &plugin);
+    QCOMPARE(plugin.aboutAction()->menuRole(), QAction::AboutRole);
+    QVERIFY(plugin.aboutAction()->text().isEmpty());
+    QCOMPARE(plugin.connector()->server()->currentAddress().host(), QStringLiteral("accounts.corvia.example"));
+}
+
+void TestCVConnectorPlugin::theStatusTimerRunsEveryTenMinutes()
+{
+    LoopbackAccount account;
+    CountingPlugin plugin(&account.core());
+    auto *timer = plugin.findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(timer->isActive());
+    QVERIFY(!timer->isSingleShot());
+    QCOMPARE(timer->interval(), 600000);
+    timer->setInterval(1);
+    QTRY_VERIFY(plugin.refreshes > 1); // the override is what the timer calls
+}
+
+void TestCVConnectorPlugin::thereIsOneAddressAndItIsThePrimary()
+{
+    LoopbackAccount account;
+    const CVConnectorPlugin plugin(&account.core());
+    const QList<HServerAddress> addresses = plugin.serverAddresses();
+    QCOMPARE(addresses.size(), 1);
+    QCOMPARE(addresses.first().host(), QStringLiteral("accounts.corvia.example"));
+    QCOMPARE(addresses.first().port(), 5598);
+    QCOMPARE(addresses.first().isSecure(), true);
+    QCOMPARE(addresses.first().number(), 0);
+}
+
+void TestCVConnectorPlugin::theMetaObjectIsAsAgreed()
+{
+    const QMetaObject &meta = CVConnectorPlugin::staticMetaObject;
+    QCOMPARE(meta.className(), "CVConnectorPlugin");
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+        methods.append(QString::fromLatin1(meta.method(i).methodSignature()));
+    const QStringList expected{QStringLiteral("statsRequested()"), QStringLiteral("showAboutDialog()"),
+                               QStringLiteral("showControlPanel()"), QStringLiteral("loginRequestFinished()"),
+                               QStringLiteral("statusRequestFinished()")};
+    QCOMPARE(methods, expected);
+    QCOMPARE(meta.method(meta.methodOffset()).methodType(), QMetaMethod::Signal);
+}
+
+void TestCVConnectorPlugin::aSecondLoginIsIgnoredWhileOneIsInFlight()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    plugin.startLogin();
+    plugin.startLogin();
+    QTRY_COMPARE(plugin.connector()->server()->connectorState(), HServer::Connected);
+    plugin.refreshStatus();
+    QTRY_COMPARE(account.requestNames(), QStringList({QStringLiteral("login"), QStringLiteral("status")}));
+    plugin.startLogin();
+    QTRY_COMPARE(account.requestNames().count(QStringLiteral("login")), 2);
+}
+
+// Both wait until there is an account; then the queue is asked from its front.
+void TestCVConnectorPlugin::aLoginGoesToTheFront()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.use(plugin);
+    const QSharedPointer<HRequest> other(new AskedRequest(plugin.connector()));
+    plugin.connector()->server()->addRequestToQueue(other);
+    plugin.startLogin();
+    account.useDemo(plugin);
+    QTRY_COMPARE(account.requestNames(), QStringList({QStringLiteral("login"), QString()}));
+}
+
+void TestCVConnectorPlugin::aStatusRequestGoesToTheBack()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    plugin.startLogin();
+    QTRY_COMPARE(plugin.connector()->server()->connectorState(), HServer::Connected);
+    plugin.connector()->setAccount(QStringLiteral("demo"), QString());
+    const QSharedPointer<HRequest> other(new AskedRequest(plugin.connector()));
+    plugin.connector()->server()->addRequestToQueue(other);
+    plugin.refreshStatus();
+    account.useDemo(plugin);
+    QTRY_COMPARE(account.requestNames(),
+                 QStringList({QStringLiteral("login"), QString(), QStringLiteral("status")}));
+}
+
+void TestCVConnectorPlugin::aStatusRequestNeedsALogin()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    plugin.refreshStatus();
+    plugin.startLogin();
+    QTRY_COMPARE(plugin.connector()->server()->connectorState(), HServer::Connected);
+    plugin.refreshStatus();
+    QTRY_COMPARE(account.requestNames(), QStringList({QStringLiteral("login"), QStringLiteral("status")}));
+}
+
+void TestCVConnectorPlugin::aSecondStatusRequestIsIgnoredWhileOneIsInFlight()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    plugin.startLogin();
+    QTRY_COMPARE(plugin.connector()->server()->connectorState(), HServer::Connected);
+    plugin.refreshStatus();
+    plugin.refreshStatus();
+    QTRY_COMPARE(account.requestNames().count(QStringLiteral("status")), 1);
+    plugin.startLogin(); // comes back after whatever else was sent
+    QTRY_COMPARE(account.requestNames().count(QStringLiteral("login")), 2);
+    QCOMPARE(account.requestNames().count(QStringLiteral("status")), 1);
+}
+
+void TestCVConnectorPlugin::aLoginIsAppliedInItsOrder()
+{
+    LoopbackAccount account(scenario("<status supported='true'><plan name='P'/>"
+                                     "<nntp max-connections='20' billing-bytes='1' mtd-bytes='1'/></status>"));
+    QVERIFY(account.isRunning());
+    CountingPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    MainWindow window(&account.core());
+    account.core().setMainWindow(&window);
+    plugin.polish(&window);
+
+    QStringList order;
+    Connector *connector = plugin.connector();
+    connect(connector->server(), &HServer::stateChanged, this, [&order](HServer::State state) {
+        if (state == HServer::Connected)
+            order.append(QStringLiteral("apply"));
+    });
+    connect(connector->distributor(), &HNntpDistributor::changed, this, [&] { order.append(QStringLiteral("limit")); });
+    connect(connector->autoSearch(), &HAutoSearchService::checkIntervalChanged, this, [&] {
+        const bool panelIsFilled =
+            window.findChild<QLabel *>(QStringLiteral("plan"))->text() == QLatin1String("P");
+        order.append(panelIsFilled ? QStringLiteral("panel, interval") : QStringLiteral("interval"));
+    });
+    // The context outlives this test, so what it calls must not.
+    const QObject guard;
+    connect(CVContext::instance(), &HContext::changed, &guard, [&] { order.append(QStringLiteral("context")); });
+    plugin.startLogin();
+    const QStringList expected{QStringLiteral("apply"), QStringLiteral("limit"),
+                               QStringLiteral("panel, interval"), QStringLiteral("context")};
+    QTRY_COMPARE(order, expected);
+    QCOMPARE(plugin.applied.size(), 1); // virtually
+    QCOMPARE(connector->distributor()->maxConnectionsMax(), 20);
+    QCOMPARE(connector->autoSearch()->checkInterval(), 720);
+    QCOMPARE(connector->nntpHosts().size(), 2);
+}
+
+void TestCVConnectorPlugin::aLoginArmsOneMoreStatusRequest()
+{
+    LoopbackAccount account(scenario("<status supported='true' next-update-millis='20'/>"));
+    CountingPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    plugin.startLogin();
+    QTRY_COMPARE(plugin.refreshes, 1);
+    QTRY_COMPARE(account.requestNames(), QStringList({QStringLiteral("login"), QStringLiteral("status")}));
+}
+
+void TestCVConnectorPlugin::aStatusReplyArmsNothing()
+{
+    LoopbackAccount account(scenario("<status supported='true' next-update-millis='1'/>"));
+    CountingPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    plugin.startLogin();
+    QTRY_COMPARE(account.requestNames().size(), 2);
+    // Two further logins arm two more; had the replies to the status requests armed any, there would be more.
+    for (int logins = 2; logins <= 3; ++logins) {
+        plugin.startLogin();
+        QTRY_COMPARE(plugin.refreshes, logins);
+    }
+    QTRY_COMPARE(account.requestNames().count(QStringLiteral("login")), 3);
+    QCOMPARE(plugin.refreshes, 3);
+}
+
+void TestCVConnectorPlugin::aLoginWithoutNextUpdateArmsNothing()
+{
+    LoopbackAccount account(scenario("<status supported='true' next-update-millis='0'/>"));
+    CountingPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    for (int logins = 1; logins <= 2; ++logins) {
+        plugin.startLogin();
+        QTRY_COMPARE(plugin.applied.size(), logins);
+    }
+    QCOMPARE(plugin.refreshes, 0);
+}
+
+void TestCVConnectorPlugin::aRefusedLoginChangesNothingAndMayBeRepeated()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.use(plugin);
+    Connector *connector = plugin.connector();
+    connector->setAccount(QStringLiteral("demo"), QStringLiteral("wrong"));
+    MainWindow window(&account.core());
+    plugin.polish(&window);
+    const int limit = connector->distributor()->maxConnectionsMax();
+    const QString user = window.findChild<QLabel *>(QStringLiteral("user"))->text();
+    const QSignalSpy context(CVContext::instance(), &HContext::changed);
+    const QSignalSpy failed(connector->server(), &HServer::requestFailed);
+    plugin.startLogin();
+    QTRY_COMPARE(failed.count(), 1);
+    QCOMPARE(connector->distributor()->maxConnectionsMax(), limit);
+    QCOMPARE(connector->autoSearch()->checkInterval(), 0);
+    QCOMPARE(window.findChild<QLabel *>(QStringLiteral("user"))->text(), user);
+    QCOMPARE(context.count(), 0);
+    QVERIFY(!connector->isLoginAvailable());
+
+    account.useDemo(plugin);
+    plugin.startLogin();
+    QTRY_COMPARE(connector->server()->connectorState(), HServer::Connected);
+}
+
+void TestCVConnectorPlugin::aLimitOfZeroOrUnknownLeavesTheDistributorAlone()
+{
+    for (const char *limit : {"0", "-1", "x"}) {
+        LoopbackAccount account;
+        CVConnectorPlugin plugin(&account.core());
+        account.useDemo(plugin);
+        corvia::Fault fault;
+        fault.kind = corvia::Fault::Kind::Body;
+        fault.text = std::string("<reply version='1'><login session='s'><status><nntp max-connections='") + limit
+            + "'/></status></login></reply>";
+        account.service().setFault(fault);
+        const int before = plugin.connector()->distributor()->maxConnectionsMax();
+        plugin.startLogin();
+        QTRY_COMPARE(plugin.connector()->server()->connectorState(), HServer::Connected);
+        QCOMPARE(plugin.connector()->distributor()->maxConnectionsMax(), before);
+    }
+}
+
+void TestCVConnectorPlugin::aStatusReplySetsTheLimitAnew()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    plugin.startLogin();
+    QTRY_COMPARE(plugin.connector()->distributor()->maxConnectionsMax(), 20);
+    account.service().setPlan("demo", 12, 1, 1);
+    plugin.refreshStatus();
+    QTRY_COMPARE(plugin.connector()->distributor()->maxConnectionsMax(), 12);
+}
+
+void TestCVConnectorPlugin::aFailedStatusRequestShowsTheLoginPage()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    MainWindow window(&account.core());
+    plugin.polish(&window);
+    window.show();
+    plugin.startLogin();
+    const auto *plan = window.findChild<QLabel *>(QStringLiteral("plan"));
+    const auto *user = window.findChild<QLabel *>(QStringLiteral("user"));
+    QTRY_VERIFY(plan->isVisible());
+    corvia::Fault fault;
+    fault.kind = corvia::Fault::Kind::Status;
+    fault.number = 500;
+    account.service().setFault(fault);
+    plugin.refreshStatus();
+    QTRY_VERIFY(user->isVisible());
+    QVERIFY(!plan->isVisible());
+    QCOMPARE(plugin.connector()->server()->connectorState(), HServer::Connected);
+}
+
+void TestCVConnectorPlugin::anUpdateIsTold()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    corvia::Fault fault;
+    fault.kind = corvia::Fault::Kind::Body;
+    fault.text = "<reply version='1'><login session='s'><software-update version='9.9' "
+                 "url='https://www.corvia.example/get'>new</software-update></login></reply>";
+    account.service().setFault(fault);
+    QStringList told;
+    connect(&account.core(), &Core::softwareUpdateOffered, this,
+            [&told](const SoftwareUpdate &update) { told << update.version << update.url << update.note; });
+    plugin.startLogin();
+    const QStringList expected{QStringLiteral("9.9"), QStringLiteral("https://www.corvia.example/get"),
+                               QStringLiteral("new")};
+    QTRY_COMPARE(told, expected);
+}
+
+void TestCVConnectorPlugin::thePanelIsMadeWithTheStatistics()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    MainWindow window(&account.core());
+    account.core().plugin()->registerPlugin(new StatsPlugin(&account.core(), QStringLiteral("one")));
+    plugin.polish(&window);
+    auto *panel = window.findChild<QDockWidget *>(QStringLiteral("InfoToolWidget"));
+    QVERIFY(panel);
+    QCOMPARE(window.dockWidgetArea(panel), Qt::BottomDockWidgetArea);
+    QVERIFY(panel->findChild<QLabel *>(QStringLiteral("today")));
+}
+
+void TestCVConnectorPlugin::withoutStatisticsThePanelHasNone()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    MainWindow window(&account.core());
+    plugin.polish(&window);
+    QVERIFY(!window.findChild<QLabel *>(QStringLiteral("today")));
+}
+
+void TestCVConnectorPlugin::destroyingItWithRequestsInFlightIsHarmless()
+{
+    LoopbackAccount account;
+    auto plugin = std::make_unique<CVConnectorPlugin>(&account.core());
+    account.useDemo(*plugin);
+    corvia::Fault fault;
+    fault.kind = corvia::Fault::Kind::Stall;
+    account.service().setFault(fault);
+    plugin->startLogin();
+    QTRY_COMPARE(account.service().connections(), 1);
+    plugin.reset();
+    QVERIFY(!account.core().isRunning());
+}
+
+QTEST_MAIN(TestCVConnectorPlugin)
+#include "tst_cvconnectorplugin.moc"

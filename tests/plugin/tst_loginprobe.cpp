@@ -1,0 +1,206 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "hostilenntpserver.h"
+
+#include "connector/cvconnectorplugin.h"
+#include "requests/cvloginrequest.h"
+
+#include <halvora/connector.h>
+#include <halvora/core.h>
+#include <halvora/hserver.h>
+
+#include <QDomDocument>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+
+#include <atomic>
+
+namespace {
+
+/// A news server that counts who comes and does what its script says.
+class Host {
+public:
+    explicit Host(const HostileNntpServer::Script &script)
+        : m_server([this, script](Conversation &conversation) {
+            ++m_visits;
+            script(conversation);
+        })
+    {
+    }
+
+    int visits() const { return m_visits; }
+    quint16 port() const { return m_server.port(); }
+    QByteArray transcript() { return m_server.transcript(); }
+
+private:
+    std::atomic<int> m_visits{0};
+    HostileNntpServer m_server;
+};
+
+// Takes the connection and drops it without a greeting: a failed attempt that can be counted.
+void dropVisitor(Conversation &conversation)
+{
+    conversation.hangUp();
+}
+
+void refuseVisitor(Conversation &conversation)
+{
+    conversation.say("200 hello\r\n");
+    conversation.hear();
+    conversation.say("381 more\r\n");
+    conversation.hear();
+    conversation.say("481 wrong password\r\n");
+}
+
+void acceptVisitor(Conversation &conversation)
+{
+    conversation.say("200 hello\r\n");
+    conversation.hear();
+    conversation.say("381 more\r\n");
+    conversation.hear();
+    conversation.say("281 welcome\r\n");
+}
+
+using Hosts = std::vector<std::unique_ptr<Host>>;
+
+int visits(const Hosts &hosts)
+{
+    int sum = 0;
+    for (const auto &host : hosts)
+        sum += host->visits();
+    return sum;
+}
+
+} // namespace
+
+class TestLoginProbe : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void withoutHostsNothingIsTried();
+    void sevenUnreachableHostsMeanSixAttempts();
+    void theSixthHostIsStillAsked();
+    void onlyTheFirstHostThatAnswersIsAsked();
+    void theRightPasswordIsAccepted();
+    void aProgramThatEndsTriesNothing();
+    void nothingIsLeftOpen();
+
+private:
+    bool probe(const Hosts &hosts);
+    void know(const Hosts &hosts);
+
+    std::unique_ptr<QTemporaryDir> m_profile;
+    std::unique_ptr<Core> m_core;
+    std::unique_ptr<CVConnectorPlugin> m_plugin;
+};
+
+void TestLoginProbe::init()
+{
+    m_profile = std::make_unique<QTemporaryDir>();
+    m_core = std::make_unique<Core>(m_profile->path());
+    m_plugin = std::make_unique<CVConnectorPlugin>(m_core.get());
+    m_plugin->connector()->setAccount(QStringLiteral("demo"), QStringLiteral("pinegate"));
+}
+
+void TestLoginProbe::cleanup()
+{
+    m_plugin.reset();
+    m_core.reset();
+}
+
+// As a login that was applied leaves them.
+void TestLoginProbe::know(const Hosts &hosts)
+{
+    QString servers;
+    for (const auto &host : hosts)
+        servers += QStringLiteral("<server host='127.0.0.1' port='%1' ssl='false'/>").arg(host->port());
+    QDomDocument document;
+    document.setContent(
+        QStringLiteral("<login session='s'><nntp-servers>%1</nntp-servers></login>").arg(servers));
+    CVLoginRequest login(m_plugin->connector());
+    login.buildResponseInternal(document.documentElement());
+    m_plugin->connector()->applyLogin(login);
+}
+
+// On a thread without an event loop, as the server's worker has none.
+bool TestLoginProbe::probe(const Hosts &hosts)
+{
+    know(hosts);
+    CVLoginRequest login(m_plugin->connector());
+    std::atomic<bool> result{false};
+    const std::unique_ptr<QThread> thread(QThread::create([&] { result = login.prepare(); }));
+    thread->start();
+    thread->wait();
+    return result;
+}
+
+void TestLoginProbe::withoutHostsNothingIsTried()
+{
+    CVLoginRequest login(m_plugin->connector());
+    QVERIFY(login.nntpHosts().isEmpty());
+    QVERIFY(login.prepare()); // returns at once, so it may run here
+}
+
+void TestLoginProbe::sevenUnreachableHostsMeanSixAttempts()
+{
+    Hosts hosts;
+    for (int i = 0; i < 7; ++i)
+        hosts.push_back(std::make_unique<Host>(&dropVisitor));
+    QVERIFY(!probe(hosts));
+    QCOMPARE(visits(hosts), 6);
+    QCOMPARE(hosts.back()->visits(), 0);
+}
+
+void TestLoginProbe::theSixthHostIsStillAsked()
+{
+    Hosts hosts;
+    for (int i = 0; i < 5; ++i)
+        hosts.push_back(std::make_unique<Host>(&dropVisitor));
+    hosts.push_back(std::make_unique<Host>(&acceptVisitor));
+    QVERIFY(probe(hosts));
+    QCOMPARE(visits(hosts), 6);
+}
+
+void TestLoginProbe::onlyTheFirstHostThatAnswersIsAsked()
+{
+    Hosts hosts;
+    hosts.push_back(std::make_unique<Host>(&dropVisitor));
+    hosts.push_back(std::make_unique<Host>(&refuseVisitor));
+    hosts.push_back(std::make_unique<Host>(&acceptVisitor));
+    QVERIFY(!probe(hosts));
+    QCOMPARE(hosts.at(1)->visits(), 1);
+    QCOMPARE(hosts.at(2)->visits(), 0);
+    QVERIFY(m_core->newsServerReply().startsWith(QLatin1String("481")));
+}
+
+void TestLoginProbe::theRightPasswordIsAccepted()
+{
+    Hosts hosts;
+    hosts.push_back(std::make_unique<Host>(&acceptVisitor));
+    hosts.push_back(std::make_unique<Host>(&refuseVisitor));
+    QVERIFY(probe(hosts));
+    QCOMPARE(hosts.at(1)->visits(), 0);
+    QCOMPARE(hosts.front()->transcript(), QByteArray("AUTHINFO USER demo\r\nAUTHINFO PASS pinegate\r\n"));
+}
+
+void TestLoginProbe::aProgramThatEndsTriesNothing()
+{
+    Hosts hosts;
+    hosts.push_back(std::make_unique<Host>(&refuseVisitor));
+    m_core->stopRunning();
+    QVERIFY(probe(hosts));
+    QCOMPARE(visits(hosts), 0);
+}
+
+void TestLoginProbe::nothingIsLeftOpen()
+{
+    Hosts hosts;
+    hosts.push_back(std::make_unique<Host>(&acceptVisitor));
+    QVERIFY(probe(hosts));
+    QVERIFY(!hosts.front()->transcript().isEmpty()); // answers only once the visitor has gone
+}
+
+QTEST_GUILESS_MAIN(TestLoginProbe)
+#include "tst_loginprobe.moc"

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+
+#include "embedded.h"
+#include "schema.h"
+
+#include <QtTest>
+
+/// The schemas and the examples of the description agree.
+class TestCorviaDocuments : public QObject {
+    Q_OBJECT
+
+private:
+    const corvia::Schema requests_{corvia::requestSchema()};
+    const corvia::Schema replies_{corvia::replySchema()};
+
+    static QStringList examples()
+    {
+        QFile file(QStringLiteral(CORVIA_DOCUMENT));
+        file.open(QIODevice::ReadOnly);
+        const QString text = QString::fromUtf8(file.readAll());
+        QStringList found;
+        const QRegularExpression fenced(QStringLiteral("```xml\\n(.*?)```"),
+                                        QRegularExpression::DotMatchesEverythingOption);
+        QRegularExpressionMatchIterator matches = fenced.globalMatch(text);
+        while (matches.hasNext()) {
+            found << matches.next().captured(1);
+        }
+        return found;
+    }
+
+private Q_SLOTS:
+    void everyExampleIsValid()
+    {
+        int requests = 0;
+        int replies = 0;
+        for (const QString &example : examples()) {
+            const corvia::XmlDocument document(example.toStdString());
+            QVERIFY2(bool(document), qPrintable(example));
+            const std::string root = corvia::XmlDocument::nameOf(document.root());
+            if (root == "request") {
+                QCOMPARE(requests_.firstProblem(document), std::string());
+                ++requests;
+            } else if (root == "reply") {
+                QCOMPARE(replies_.firstProblem(document), std::string());
+                ++replies;
+            }
+        }
+        QVERIFY(requests >= 2);
+        QVERIFY(replies >= 5);
+    }
+
+    void messagesMayHoldAnything()
+    {
+        const corvia::XmlDocument document(
+            "<reply version='1'><success/><messages a='1'>x<y><z b='2'/></y></messages></reply>");
+        QCOMPARE(replies_.firstProblem(document), std::string());
+    }
+
+    void aReplyThatIsNotValidIsRefused_data()
+    {
+        QTest::addColumn<QString>("reply");
+        QTest::newRow("nothing") << "<reply version='1'/>";
+        QTest::newRow("messages first") << "<reply version='1'><messages/><success/></reply>";
+        QTest::newRow("two elements") << "<reply version='1'><success/><success/></reply>";
+        QTest::newRow("unknown code") << "<reply version='1'><error code='odd'>x</error></reply>";
+        QTest::newRow("no number") << "<reply version='1'><status next-update-millis='soon'/></reply>";
+        QTest::newRow("negative") << "<reply version='1'><status><nntp mtd-bytes='-1'/></status></reply>";
+        QTest::newRow("no flag") << "<reply version='1'><status supported='yes'/></reply>";
+        QTest::newRow("another version") << "<reply version='2'><success/></reply>";
+    }
+
+    void aReplyThatIsNotValidIsRefused()
+    {
+        QFETCH(QString, reply);
+        const corvia::XmlDocument document(reply.toStdString());
+        QVERIFY(bool(document));
+        QVERIFY(!replies_.firstProblem(document).empty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCorviaDocuments)
+#include "tst_corviadocuments.moc"

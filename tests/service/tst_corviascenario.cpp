@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+
+#include "corviaservice.h"
+#include "scenario.h"
+
+#include <QtTest>
+
+/// What is read from a scenario and what is said about a bad one.
+class TestCorviaScenario : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aBadScenarioIsToldWithItsLine_data()
+    {
+        QTest::addColumn<QString>("inside");
+        QTest::addColumn<QString>("problem");
+        const auto row = [](const char *name, const char *inside, const char *problem) {
+            QTest::newRow(name) << inside << problem;
+        };
+        row("no password", "<account user='a'/>", "<account> needs the attribute \"password\"");
+        row("odd attribute", "<account user='a' password='b' c='d'/>", "<account> has no attribute \"c\"");
+        row("odd element", "<acount/>", "<acount> has no place here");
+        row("two accounts", "<account user='a' password='b'/><account user='a' password='b'/>",
+            "there are two accounts \"a\"");
+        row("no number", "<account user='a' password='b'><status next-update-millis='-1'/></account>",
+            "\"-1\" is no number for the attribute \"next-update-millis\"");
+        row("no flag", "<account user='a' password='b'><status supported='yes'/></account>",
+            "the attribute \"supported\" is \"true\" or \"false\"");
+        row("no port",
+            "<account user='a' password='b'><servers><server host='a' port='0'/></servers></account>",
+            "a port is a number from 1 to 65535");
+        row("no fault", "<fault kind='earthquake'/>", "there is no fault \"earthquake\"");
+        row("two groups", "<groups><group name='a'/><group name='a'/></groups>",
+            "there are two groups \"a\"");
+        row("falling numbers",
+            "<groups><group name='a' first='5'><article id='x' number='4' from='y' "
+            "subject='z'/></group></groups>",
+            "article numbers have to rise");
+        row("two articles",
+            "<groups><group name='a'><article id='x' from='y' subject='z'/><article id='x' from='y' "
+            "subject='z'/>"
+            "</group></groups>",
+            "there are two articles <x>");
+    }
+
+    void aBadScenarioIsToldWithItsLine()
+    {
+        QFETCH(QString, inside);
+        QFETCH(QString, problem);
+        const std::string xml = "<scenario version='1'>\n\n" + inside.toStdString() + "</scenario>";
+        corvia::CorviaService service(xml, corvia::Options());
+        std::string why;
+        QVERIFY(!service.start(&why));
+        QCOMPARE(why, "Line 3 of the scenario: " + problem.toStdString() + ".");
+    }
+
+    void anythingElseIsNoScenario()
+    {
+        corvia::Scenario scenario;
+        std::string why;
+        QVERIFY(!corvia::readScenario("<scenario version='1'>\n<account", &scenario, &why));
+        QVERIFY2(why.find("Line 2 of the scenario: ") == 0, why.c_str());
+        QVERIFY(!corvia::readScenario("<scenario version='2'/>", &scenario, &why));
+        QVERIFY(!corvia::readScenario("", &scenario, &why));
+        QVERIFY(why.find("of the scenario: ") != std::string::npos);
+    }
+
+    void aScenarioWithoutAnythingHasItsDefaults()
+    {
+        corvia::Scenario scenario;
+        std::string why;
+        QVERIFY2(corvia::readScenario("<scenario version='1'/>", &scenario, &why), why.c_str());
+        QCOMPARE(scenario.autoSearchInterval, 900);
+        QVERIFY(scenario.accounts.empty() && scenario.groups.empty());
+        QVERIFY(scenario.fault.kind == corvia::Fault::Kind::None);
+    }
+
+    void anArticlesTextLosesItsIndentationOnly()
+    {
+        corvia::Scenario scenario;
+        std::string why;
+        const std::string xml =
+            "<scenario version='1'><groups><group name='a'><article id='i' from='f' subject='s'>\n"
+            "    one\n\n      two\n   \n  </article></group></groups></scenario>";
+        QVERIFY2(corvia::readScenario(xml, &scenario, &why), why.c_str());
+        QCOMPARE(scenario.groups[0].articles[0].body, (std::vector<std::string>{"one", "", "  two"}));
+    }
+
+    void everyFaultHasAName()
+    {
+        for (const char *name :
+             {"none", "stall", "drip", "flood", "header-flood", "status", "body", "truncate", "close",
+              "redirect", "encoding", "refuse-login", "forget-sessions", "delay"}) {
+            corvia::Fault::Kind kind;
+            QVERIFY2(corvia::faultKindFromName(name, &kind), name);
+        }
+    }
+
+    void theDemoScenarioHasGroupsAndArticles()
+    {
+        corvia::Scenario scenario;
+        std::string why;
+        QVERIFY2(corvia::readScenario(corvia::demoScenario(), &scenario, &why), why.c_str());
+        QVERIFY(scenario.groups.size() >= 40);
+        QCOMPARE(scenario.accounts.size(), std::size_t(3));
+        std::size_t articles = 0;
+        for (const corvia::Newsgroup &group : scenario.groups) {
+            QVERIFY(!group.description.empty());
+            articles += group.articles.size();
+        }
+        QVERIFY(articles >= 15);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCorviaScenario)
+#include "tst_corviascenario.moc"

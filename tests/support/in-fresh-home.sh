@@ -1,0 +1,11 @@
+#!/bin/sh
+# SPDX-FileCopyrightText: 2026 The Halvora developers
+# SPDX-License-Identifier: MIT
+# Runs a test with a home folder of its own, without a display, a session bus or a proxy, and removes the folder.
+HOME=$(mktemp -d "${TMPDIR:-/tmp}/halvora-test.XXXXXX") || exit 99
+trap 'rm -rf "$HOME"' EXIT
+mkdir -m 700 "$HOME/run"
+export HOME XDG_RUNTIME_DIR="$HOME/run" QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}"
+export DBUS_SESSION_BUS_ADDRESS=disabled: LC_ALL=C.UTF-8
+unset XDG_CONFIG_HOME XDG_DATA_HOME XDG_CACHE_HOME XDG_CONFIG_DIRS http_proxy https_proxy all_proxy HTTPS_PROXY ALL_PROXY
+"$@"
