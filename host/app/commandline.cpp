@@ -14,7 +14,8 @@ bool parseService(const QString &value, Options &options)
 {
     // QUrl knows how a port stands beside an IPv6 address.
     const QUrl url(QStringLiteral("https://") + value, QUrl::StrictMode);
-    if (!url.isValid() || url.host().isEmpty() || url.port() <= 0 || url.authority() != value)
+    if (!url.isValid() || url.host().isEmpty() || url.port() <= 0 || url.authority() != value
+        || !url.userInfo().isEmpty())
         return false;
     options.serviceHost = url.host();
     options.servicePort = url.port();

@@ -70,6 +70,7 @@ private Q_SLOTS:
     void theTimerCountsWithoutBeingAsked();
     void theSignalTellsOfChangesOnly();
     void midnightBeginsANewDayWithoutTraffic();
+    void aQuietMidnightTellsNothing();
     void theMonthEndsWithItsLastDay();
     void figuresSurviveARestart();
     void whatWasCountedBeforeIsNotCountedAgain();
@@ -175,6 +176,14 @@ void StatsPluginTest::midnightBeginsANewDayWithoutTraffic()
     QCOMPARE(changed.count(), 1);
     QCOMPARE(m_stats->bytesToday(), qint64(0));
     QCOMPARE(m_stats->bytesThisMonth(), qint64(100));
+}
+
+void StatsPluginTest::aQuietMidnightTellsNothing()
+{
+    const QSignalSpy changed(m_stats.get(), &StatsPlugin::quickStatsUpdated);
+    setNow(QDate(2026, 11, 21), QTime(0, 0));
+    m_stats->poll();
+    QCOMPARE(changed.count(), 0);
 }
 
 void StatsPluginTest::theMonthEndsWithItsLastDay()

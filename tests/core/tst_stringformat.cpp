@@ -6,11 +6,13 @@
 #include <QLocale>
 #include <QtTest>
 
+#include <ctime>
 #include <limits>
 
 class StringFormatTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase();
     void init() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
     void cleanup() { QLocale::setDefault(QLocale::c()); }
 
@@ -23,6 +25,13 @@ private Q_SLOTS:
     void tinyNamesKeepTheLastPart_data();
     void tinyNamesKeepTheLastPart();
 };
+
+void StringFormatTest::initTestCase()
+{
+    // Half an hour off, and without summer time: local time is never mistaken for UTC.
+    qputenv("TZ", "Asia/Kolkata");
+    ::tzset();
+}
 
 void StringFormatTest::bytesAreToldInTheLargestFittingUnit_data()
 {

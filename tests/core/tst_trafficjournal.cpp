@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <ctime>
 #include <limits>
 #include <memory>
 
@@ -31,7 +32,8 @@ private Q_SLOTS:
     void sumsStopAtTheLargestNumber();
     void oldEntriesBecomeOneADay();
     void recentDetailSurvivesTheMerging();
-    void mergingLosesNothing();
+    void mergingMovesNothingToAnotherDay_data();
+    void mergingMovesNothingToAnotherDay();
     void aFileThatCannotBeWrittenKeepsCounting_data();
     void aFileThatCannotBeWrittenKeepsCounting();
     void whatCouldNotBeWrittenIsWrittenLater();
@@ -51,6 +53,8 @@ private:
 
 void TrafficJournalTest::init()
 {
+    qputenv("TZ", "Europe/Berlin");
+    ::tzset();
     m_folder = std::make_unique<QTemporaryDir>();
     m_file = m_folder->filePath(QStringLiteral("traffic.log"));
     m_now = at(0);
@@ -272,17 +276,31 @@ void TrafficJournalTest::recentDetailSurvivesTheMerging()
     m_now = at(0);
     counted = journal();
     QCOMPARE(content().count('\n'), 2 + 600);
-    QCOMPARE(counted->bytesSince(at(-1) + 299 * 1000), qint64(300));
+    QCOMPARE(counted->bytesSince(at(-1) + 250 * 1000), qint64(349));
     QCOMPARE(counted->totalBytes(), qint64(1200));
 }
 
-void TrafficJournalTest::mergingLosesNothing()
+void TrafficJournalTest::mergingMovesNothingToAnotherDay_data()
 {
+    QTest::addColumn<QByteArray>("zone");
+    QTest::newRow("no summer time") << QByteArray("UTC");
+    QTest::newRow("summer time") << QByteArray("Europe/Berlin");
+    QTest::newRow("summer time that begins at midnight") << QByteArray("America/Santiago");
+    QTest::newRow("three quarters of an hour off") << QByteArray("Asia/Kathmandu");
+}
+
+void TrafficJournalTest::mergingMovesNothingToAnotherDay()
+{
+    QFETCH(QByteArray, zone);
+    qputenv("TZ", zone);
+    ::tzset();
     auto counted = journal();
     for (int day = -400; day <= 0; ++day) {
         for (int hour = 0; hour < 24; ++hour) {
             m_now = at(day, hour);
             counted->add(1 + day + 400);
+            m_now -= 1; // just before midnight among them
+            counted->add(1);
         }
     }
     m_now = at(0);
@@ -290,7 +308,7 @@ void TrafficJournalTest::mergingLosesNothing()
     const QVector<TrafficJournal::Period> months = counted->lastMonths(14);
     counted.reset();
     counted = journal();
-    QVERIFY(content().count('\n') < 401 * 24);
+    QVERIFY(content().count('\n') < 401 * 48);
     const QVector<TrafficJournal::Period> daysAgain = counted->lastDays(401);
     for (int i = 0; i < days.size(); ++i)
         QCOMPARE(daysAgain.at(i).bytes, days.at(i).bytes);

@@ -58,10 +58,13 @@ Connector::Connector(Core *core, ConnectorPlugin *plugin)
     , m_autoSearch(new HAutoSearchService(this))
     , m_nntpHosts(loadHosts(core->settings()))
 {
-    connect(m_server, &HServer::sessionRefused, this, [this] { m_loginAvailable = false; });
 }
 
-Connector::~Connector() = default;
+// The worker reads what the members below hold, and the server, being a child, would go after them.
+Connector::~Connector()
+{
+    m_server->shutDown();
+}
 
 ConnectorPlugin *Connector::plugin() const
 {
@@ -127,14 +130,13 @@ void Connector::storeNntpHosts(const QList<NntpHost> &hosts)
 
 bool Connector::isLoginAvailable() const
 {
-    return m_loginAvailable;
+    return m_server->connectorState() == HServer::Connected;
 }
 
 void Connector::applyLogin(const HLoginRequest &login)
 {
     storeNntpHosts(login.nntpHosts());
     m_core->setUrls(login.links());
-    m_loginAvailable = true;
     m_distributor->open();
     HLog::addSecret(login.session());
     m_server->logIn(login.session());
@@ -142,9 +144,8 @@ void Connector::applyLogin(const HLoginRequest &login)
 
 void Connector::logOut()
 {
-    m_loginAvailable = false;
     m_distributor->close();
-    setAccount(username(), QString());
+    setAccount(QString(), QString());
     storeNntpHosts({});
     m_core->setUrls({});
     m_server->logOut();

@@ -46,7 +46,7 @@ public:
     /// What every successful login does: takes news servers and links, opens the distributor, connects the
     /// server.
     void applyLogin(const HLoginRequest &login);
-    /// Forgets the password, the session, the news servers and the links.
+    /// Forgets user name and password, the session, the news servers and the links.
     void logOut();
 
 private:
@@ -57,7 +57,6 @@ private:
     HServer *m_server;
     HNntpDistributor *m_distributor;
     HAutoSearchService *m_autoSearch;
-    bool m_loginAvailable = false;
     mutable QMutex m_mutex; ///< guards the values below
     QString m_username;
     QString m_password;

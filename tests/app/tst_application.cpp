@@ -1,0 +1,335 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "runningprogram.h"
+
+#include <halvora/connector.h>
+#include <halvora/connectorplugin.h>
+#include <halvora/hlog.h>
+#include <halvora/linkopener.h>
+#include <halvora/localemanager.h>
+#include <halvora/mainwindow.h>
+#include <halvora/pluginloader.h>
+
+#include <QAction>
+#include <QDialog>
+#include <QDir>
+#include <QDirIterator>
+#include <QDockWidget>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTest>
+
+class TestApplication : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void aLoginFillsTheAccountPanel();
+    void aWrongPasswordIsToldInTheDialogAndMayBeMended();
+    void theNewsServersOwnReplyIsShown();
+    void theUserIsRememberedButThePasswordIsInNoFile();
+    void loggingOutForgetsUserAndState();
+    void aLostServiceIsTriedAgainUntilItIsBack();
+    void hostsThatNobodyAnswersAtDoNotLockTheUserOut();
+    void aRefusedSessionWordMeansANewLogin();
+    void aRefusedReplyIsToldInTheStatusBar();
+    void withoutAServiceTheWindowSaysSo();
+    void withoutPluginsTheWindowSaysSo();
+    void quittingWhileTheServiceStallsIsQuick();
+    void callbacksComeOnceAndInTheirOrder();
+    void theLanguageChangesWhileItRuns();
+    void theAboutActionStandsInTheHelpMenu();
+};
+
+namespace {
+
+QString demo()
+{
+    return QStringLiteral("demo");
+}
+
+QString rightPassword()
+{
+    return QStringLiteral("pinegate");
+}
+
+bool statusBarSays(MainWindow &window, const QString &text)
+{
+    const QList<QLabel *> labels = window.statusBar()->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        if (label->isVisible() && (label->text().contains(text) || label->toolTip().contains(text)))
+            return true;
+    }
+    return window.statusBar()->currentMessage().contains(text);
+}
+
+corvia::Fault fault(corvia::Fault::Kind kind, int number = 0)
+{
+    corvia::Fault result;
+    result.kind = kind;
+    result.number = number;
+    return result;
+}
+
+} // namespace
+
+void TestApplication::initTestCase()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("Halvora"));
+    HLog::install();
+}
+
+void TestApplication::aLoginFillsTheAccountPanel()
+{
+    RunningProgram program;
+    program.open();
+    QCOMPARE(program.server().connectorState(), HServer::Disconnected);
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    QVERIFY(program.find<QLabel>("plan")->isVisible());
+    QCOMPARE(program.find<QLabel>("plan")->text(), QStringLiteral("Pinegate Unlimited"));
+    QCOMPARE(program.find<QLabel>("connections")->text(), QStringLiteral("20"));
+    QTRY_VERIFY(!program.find<QDialog>("LoginDialog"));
+    QVERIFY(statusBarSays(program.window(), QStringLiteral("Logged in as demo")));
+    QVERIFY(!program.application().core()->url(QStringLiteral("control.panel")).isNull());
+    program.close();
+}
+
+void TestApplication::aWrongPasswordIsToldInTheDialogAndMayBeMended()
+{
+    RunningProgram program;
+    program.open();
+    program.logIn(demo(), QStringLiteral("wrong"));
+    QTRY_VERIFY(program.find<QLabel>("failure")->isVisible());
+    QVERIFY(!program.find<QLabel>("failure")->text().isEmpty());
+    QCOMPARE(program.find<QLabel>("failure")->textFormat(), Qt::PlainText);
+    QCOMPARE(program.server().connectorState(), HServer::Disconnected);
+    QVERIFY(program.find<QPushButton>("logIn")->isEnabled());
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+}
+
+// From the second login on there are news servers to test the password at.
+void TestApplication::theNewsServersOwnReplyIsShown()
+{
+    RunningProgram program;
+    program.open();
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+
+    const size_t before = program.service().requests().size();
+    program.open();
+    program.logIn(demo(), QStringLiteral("wrong"));
+    QTRY_VERIFY(program.find<QLabel>("reply"));
+    QTRY_VERIFY(program.find<QLabel>("reply")->isVisible());
+    QVERIFY(program.find<QLabel>("reply")->text().startsWith(QLatin1String("481")));
+    QCOMPARE(program.service().requests().size(), before); // the service never saw that password
+    program.close();
+}
+
+void TestApplication::theUserIsRememberedButThePasswordIsInNoFile()
+{
+    RunningProgram program;
+    program.open();
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+    program.open();
+    Q_EMIT program.window().loginRequested();
+    QCOMPARE(program.find<QLineEdit>("user")->text(), demo());
+    QCOMPARE(program.find<QLineEdit>("password")->text(), QString());
+    program.close();
+
+    for (const QString &folder : {program.profile(), QDir::homePath()}) {
+        QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QByteArray text = file.readAll().replace("[pinegate]", "").replace("traffic-pinegate", "");
+            QVERIFY2(!text.contains("Password"), qPrintable(file.fileName()));
+            QVERIFY2(!text.contains("=pinegate\n"), qPrintable(file.fileName()));
+        }
+    }
+    QVERIFY(!HLog::report().contains(rightPassword()));
+}
+
+void TestApplication::loggingOutForgetsUserAndState()
+{
+    RunningProgram program;
+    program.open();
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    Q_EMIT program.window().logoutRequested();
+    QCOMPARE(program.server().connectorState(), HServer::Disconnected);
+    Connector *connector = program.application().connectorPlugin()->connector();
+    QVERIFY(connector->username().isEmpty());
+    QVERIFY(connector->password().isEmpty());
+    QVERIFY(connector->nntpHosts().isEmpty());
+    QVERIFY(!connector->isLoginAvailable());
+    QVERIFY(program.application().core()->url(QStringLiteral("control.panel")).isNull());
+    program.close();
+    program.open();
+    Q_EMIT program.window().loginRequested();
+    QCOMPARE(program.find<QLineEdit>("user")->text(), QString());
+    program.close();
+}
+
+void TestApplication::aLostServiceIsTriedAgainUntilItIsBack()
+{
+    RunningProgram program;
+    program.open();
+    program.application().login()->setFirstPause(10);
+    program.service().setFault(fault(corvia::Fault::Kind::Close));
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::ServiceLost);
+    QTRY_VERIFY(program.service().connections() >= 3);
+    program.service().setFault(fault(corvia::Fault::Kind::None));
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+}
+
+void TestApplication::hostsThatNobodyAnswersAtDoNotLockTheUserOut()
+{
+    RunningProgram program;
+    {
+        QSettings settings(program.profile() + QStringLiteral("/halvora.ini"), QSettings::IniFormat);
+        settings.beginWriteArray(QStringLiteral("Account/NntpHosts"), 1);
+        settings.setArrayIndex(0);
+        settings.setValue(QStringLiteral("Host"), QStringLiteral("127.0.0.1"));
+        settings.setValue(QStringLiteral("Port"), 1);
+        settings.endArray();
+    }
+    program.open();
+    program.application().login()->setFirstPause(10);
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+}
+
+void TestApplication::aRefusedSessionWordMeansANewLogin()
+{
+    RunningProgram program;
+    program.open();
+    program.application().login()->setFirstPause(10);
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    const QSignalSpy states(&program.server(), &HServer::stateChanged);
+    program.service().setFault(fault(corvia::Fault::Kind::ForgetSessions));
+    program.application().connectorPlugin()->refreshStatus();
+    QTRY_VERIFY(states.count() > 0);
+    program.service().setFault(fault(corvia::Fault::Kind::None));
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    QVERIFY(!program.find<QDialog>("LoginDialog"));
+    program.close();
+}
+
+void TestApplication::aRefusedReplyIsToldInTheStatusBar()
+{
+    RunningProgram program;
+    program.open();
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.service().setFault(fault(corvia::Fault::Kind::Status, 503));
+    program.application().connectorPlugin()->refreshStatus();
+    QTRY_VERIFY(statusBarSays(program.window(), QStringLiteral("status 503")));
+    QCOMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+}
+
+void TestApplication::withoutAServiceTheWindowSaysSo()
+{
+    const QTemporaryDir profile;
+    Options options;
+    options.profile = profile.path();
+    options.pluginDirectory = QStringLiteral(PLUGIN_DIRECTORY);
+    Application application(options);
+    application.start();
+    Connector *connector = application.connectorPlugin()->connector();
+    connector->setAccount(demo(), rightPassword());
+    application.connectorPlugin()->startLogin();
+    QTRY_COMPARE(connector->server()->connectorState(), HServer::ServiceLost);
+    QVERIFY(statusBarSays(*application.window(), QStringLiteral("No account service is reachable.")));
+}
+
+void TestApplication::withoutPluginsTheWindowSaysSo()
+{
+    RunningProgram program;
+    program.open(QStringLiteral("/nowhere"));
+    QVERIFY(program.window().isVisible());
+    QVERIFY(statusBarSays(program.window(), QStringLiteral("No provider plug-in was found")));
+    Q_EMIT program.window().settingsRequested();
+    QVERIFY(program.find<QDialog>("SettingsDialog")->isVisible());
+    program.close();
+}
+
+void TestApplication::quittingWhileTheServiceStallsIsQuick()
+{
+    RunningProgram program;
+    program.open();
+    program.service().setFault(fault(corvia::Fault::Kind::Stall));
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.service().requests().size(), size_t(1));
+    QElapsedTimer timer;
+    timer.start();
+    program.close();
+    qInfo("closed after %lld ms", timer.elapsed());
+    QVERIFY(timer.elapsed() < 30'000); // ten times what is promised
+}
+
+void TestApplication::callbacksComeOnceAndInTheirOrder()
+{
+    RunningProgram program;
+    program.open(QStringLiteral(GOOD_PLUGIN_DIRECTORY));
+    QObject *plugin = PluginLoader::load(QStringLiteral(GOOD_PLUGIN)).instance;
+    const auto calls = [plugin] { return plugin->property("calls").toStringList(); };
+    QStringList expected{QStringLiteral("create"),             QStringLiteral("init"),
+                         QStringLiteral("polish"),             QStringLiteral("onApplicationStart"),
+                         QStringLiteral("onJobControllerRestore"),
+                         QStringLiteral("onApplicationStartFinished")};
+    QCOMPARE(calls(), expected);
+    program.close();
+    expected << QStringLiteral("onShutdown");
+    QCOMPARE(calls(), expected);
+}
+
+void TestApplication::theLanguageChangesWhileItRuns()
+{
+    RunningProgram program;
+    program.open();
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    LocaleManager *locale = program.application().core()->locale();
+    locale->setTranslationDirectories({QStringLiteral(TEST_CATALOGUES)});
+    QVERIFY(locale->setLanguage(QStringLiteral("eo")));
+    QTRY_COMPARE(program.find<QDockWidget>("InfoToolWidget")->windowTitle(), QStringLiteral("Via konto"));
+    QCOMPARE(program.application().connectorPlugin()->aboutAction()->text(), QStringLiteral("Pri"));
+    QVERIFY(locale->setLanguage(QStringLiteral("en")));
+    QTRY_COMPARE(program.find<QDockWidget>("InfoToolWidget")->windowTitle(), QStringLiteral("Your Account"));
+    program.close();
+}
+
+void TestApplication::theAboutActionStandsInTheHelpMenu()
+{
+    RunningProgram program;
+    program.open();
+    QAction *about = program.application().connectorPlugin()->aboutAction();
+    QCOMPARE(about->text(), QStringLiteral("About"));
+    bool found = false;
+    const QList<QMenu *> menus = program.window().menuBar()->findChildren<QMenu *>();
+    for (const QMenu *menu : menus)
+        found = found || menu->actions().contains(about);
+    QVERIFY(found);
+    program.close();
+}
+
+QTEST_MAIN(TestApplication)
+#include "tst_application.moc"
