@@ -1,0 +1,14 @@
+#!/bin/bash
+# SPDX-FileCopyrightText: 2026 The Halvora developers
+# SPDX-License-Identifier: MIT
+# Builds what is shipped and prints the figures of every benchmark.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")/.."
+
+scripts/packages.sh test
+cmake --preset release >/dev/null
+cmake --build --preset release --target bench_start bench_login >/dev/null
+for program in bench_start bench_login; do
+    echo "== $program"
+    tests/support/in-fresh-home.sh "build/release/benchmarks/$program" 2>/dev/null
+done
