@@ -128,6 +128,7 @@ void LoginController::follow(HServer::State state)
     if (state == HServer::Connected) {
         const Connector *connector = m_plugin->connector();
         m_sinceLogin.start();
+        m_window->showNotice(QString());
         m_retry.stop();
         m_plugin->core()->settings().setValue(userKey(), connector->username());
         m_passwords->keep(connector->username(), connector->password());

@@ -56,7 +56,7 @@ void LoginDialog::build(const QPixmap &banner)
 {
     auto *picture = new QLabel(this);
     picture->setPixmap(banner);
-    m_logIn->setDefault(true);
+    m_buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
     m_userCaption->setBuddy(m_user);
     m_passwordCaption->setBuddy(m_password);
     QFont font = m_failure->font();
@@ -123,4 +123,5 @@ void LoginDialog::retranslate()
 void LoginDialog::updateButton()
 {
     m_logIn->setEnabled(!m_busy && !m_user->text().isEmpty() && !m_password->text().isEmpty());
+    m_logIn->setDefault(true);
 }

@@ -77,7 +77,8 @@ void SettingsDialog::fillLanguages()
 {
     const QStringList languages = m_locale->availableLanguages();
     for (const QString &language : languages) {
-        const QString name = QLocale(language).nativeLanguageName();
+        const bool english = language == QLatin1String("en"); // which QLocale takes for one country's
+        const QString name = english ? QStringLiteral("English") : QLocale(language).nativeLanguageName();
         m_language->addItem(name.isEmpty() ? language : name, language);
     }
     m_language->setCurrentIndex(m_language->findData(m_locale->currentLanguage()));

@@ -68,4 +68,5 @@ void HNntpDistributor::open()
 void HNntpDistributor::close()
 {
     m_open = false;
+    setMaxConnectionsMax(cautiousLimit);
 }

@@ -28,6 +28,7 @@ public:
     /// Whether the account may be used, which a login decides.
     bool isOpen() const;
     void open();
+    /// Forgets the account's limit too.
     void close();
 
 Q_SIGNALS:
