@@ -55,7 +55,7 @@ std::optional<Account> AccountBook::account(const std::string &user) const
 
 std::string AccountBook::openSession(const std::string &user)
 {
-    const std::string word = randomWord();
+    std::string word = randomWord();
     const std::lock_guard<std::mutex> lock(mutex_);
     const std::chrono::seconds life(accounts_.at(user).sessionSeconds);
     sessions_[word] = {user, std::chrono::steady_clock::now() + life};

@@ -13,7 +13,7 @@ namespace corvia {
 namespace {
 
 const int idleSeconds = 60;
-const std::size_t greatestRequest = 1024 * 1024;
+const std::size_t greatestRequest = 1048576; // bytes
 const char *const mediaType = "application/xml; charset=utf-8";
 
 // Lets the library read from the channel, and keeps what it writes until the whole response is there.

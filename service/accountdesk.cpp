@@ -3,15 +3,17 @@
 
 #include "accountdesk.h"
 
+#include <utility>
+
 #include "accountreply.h"
 #include "embedded.h"
 
 namespace corvia {
 
-AccountDesk::AccountDesk(AccountBook &book, int autoSearchInterval, const std::vector<NewsServer> &ownServers)
+AccountDesk::AccountDesk(AccountBook &book, int autoSearchInterval, std::vector<NewsServer> ownServers)
     : book_(book)
     , autoSearchInterval_(autoSearchInterval)
-    , ownServers_(ownServers)
+    , ownServers_(std::move(ownServers))
     , schema_(requestSchema())
 {
 }

@@ -13,7 +13,7 @@ namespace corvia {
 class AccountDesk {
 public:
     /// `book` has to outlive the desk. `autoSearchInterval` is in seconds.
-    AccountDesk(AccountBook &book, int autoSearchInterval, const std::vector<NewsServer> &ownServers);
+    AccountDesk(AccountBook &book, int autoSearchInterval, std::vector<NewsServer> ownServers);
 
     AccountRequest read(const std::string &body) const;
     /// The reply to `request`. Heeds the faults that are about what is said, not about how it is sent.

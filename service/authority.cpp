@@ -22,7 +22,7 @@ struct Free {
 };
 template <typename T> using Owned = std::unique_ptr<T, Free>;
 
-const long day = 24 * 60 * 60;
+const long day = 86400; // seconds
 
 // What tells one certificate from another.
 struct Wanted {
@@ -111,7 +111,7 @@ std::string textOf(BIO *bio)
 {
     char *data = nullptr;
     const long size = BIO_get_mem_data(bio, &data);
-    return std::string(data, static_cast<std::size_t>(size));
+    return {data, static_cast<std::size_t>(size)};
 }
 
 std::string pemOf(X509 *certificate)

@@ -9,7 +9,7 @@
 #include <memory>
 #include <string>
 
-typedef struct ssl_ctx_st SSL_CTX;
+using SSL_CTX = struct ssl_ctx_st;
 
 namespace corvia {
 

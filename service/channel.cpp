@@ -85,7 +85,8 @@ bool Channel::wait(short events, int milliseconds)
 short Channel::eventsToWaitFor(long result, short plainEvents)
 {
     if (!ssl_) {
-        return result < 0 && (errno == EAGAIN || errno == EINTR) ? plainEvents : 0;
+        const bool later = result < 0 && (errno == EAGAIN || errno == EINTR);
+        return later ? plainEvents : static_cast<short>(0);
     }
     switch (SSL_get_error(ssl_.get(), static_cast<int>(result))) {
     case SSL_ERROR_WANT_READ:

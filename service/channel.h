@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-typedef struct ssl_st SSL;
-typedef struct ssl_ctx_st SSL_CTX;
+using SSL = struct ssl_st;
+using SSL_CTX = struct ssl_ctx_st;
 
 namespace corvia {
 

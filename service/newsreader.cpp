@@ -134,7 +134,7 @@ std::string NewsReader::listGroup(const Arguments &arguments)
         return badArgument;
     }
     if (!arguments.empty()) {
-        const std::string reply = group(arguments);
+        std::string reply = group(arguments);
         if (reply.compare(0, 3, "211") != 0) {
             return reply;
         }

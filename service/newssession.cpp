@@ -43,7 +43,7 @@ std::string currentDate()
     ::gmtime_r(&now, &utc);
     char text[32];
     const std::size_t size = std::strftime(text, sizeof text, "111 %Y%m%d%H%M%S\r\n", &utc);
-    return std::string(text, size);
+    return {text, size};
 }
 
 std::string help()

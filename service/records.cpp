@@ -21,7 +21,7 @@ void Records::addRawBytes(std::string_view bytes)
 
 void Records::addNewsCommand(const std::string &line)
 {
-    static const std::regex password("^(\\s*AUTHINFO\\s+PASS\\s).*", std::regex::icase);
+    static const std::regex password(R"(^(\s*AUTHINFO\s+PASS\s).*)", std::regex::icase);
     std::string shown = std::regex_replace(line, password, "$1***");
     const std::lock_guard<std::mutex> lock(mutex_);
     newsCommands_.push_back(std::move(shown));

@@ -13,7 +13,7 @@ namespace corvia {
 
 namespace {
 
-const std::int64_t ordinarySession = 12 * 60 * 60;
+const std::int64_t ordinarySession = 43200; // seconds
 
 int portNumber(const ScenarioNode &node)
 {

@@ -19,7 +19,7 @@ std::string dateHoursAgo(std::int64_t hours)
     ::gmtime_r(&time, &utc);
     char text[64];
     const std::size_t size = std::strftime(text, sizeof text, "%a, %d %b %Y %H:%M:%S +0000", &utc);
-    return std::string(text, size);
+    return {text, size};
 }
 
 std::size_t indentOf(const std::string &line)
@@ -62,9 +62,9 @@ std::vector<std::string> headerOf(const Article &article, const std::string &gro
     if (!article.references.empty()) {
         header.push_back("References: " + article.references);
     }
-    header.push_back("MIME-Version: 1.0");
-    header.push_back("Content-Type: text/plain; charset=UTF-8");
-    header.push_back("Content-Transfer-Encoding: 8bit");
+    header.emplace_back("MIME-Version: 1.0");
+    header.emplace_back("Content-Type: text/plain; charset=UTF-8");
+    header.emplace_back("Content-Transfer-Encoding: 8bit");
     return header;
 }
 

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <libxml/tree.h>
 
 namespace corvia {
 
@@ -90,7 +89,7 @@ bool ScenarioNode::flag(const char *attribute, bool fallback) const
 {
     const std::string value = text(attribute, fallback ? "true" : "false");
     if (value != "true" && value != "false") {
-        fail("the attribute \"" + std::string(attribute) + "\" is \"true\" or \"false\"");
+        fail("the attribute \"" + std::string(attribute) + R"(" is "true" or "false")");
     }
     return value == "true";
 }

@@ -5,12 +5,11 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <libxml/tree.h>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
-
-typedef struct _xmlNode xmlNode;
 
 namespace corvia {
 

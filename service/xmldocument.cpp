@@ -4,7 +4,6 @@
 #include "xmldocument.h"
 
 #include <libxml/parser.h>
-#include <libxml/tree.h>
 #include <mutex>
 
 namespace corvia {

@@ -3,13 +3,11 @@
 
 #pragma once
 
+#include <libxml/tree.h>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
-
-typedef struct _xmlDoc xmlDoc;
-typedef struct _xmlNode xmlNode;
 
 namespace corvia {
 

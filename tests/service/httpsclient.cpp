@@ -3,6 +3,8 @@
 
 #include "httpsclient.h"
 
+#include <utility>
+
 namespace {
 
 struct Sink {
@@ -19,9 +21,9 @@ std::size_t keep(char *bytes, std::size_t size, std::size_t count, void *to)
 
 } // namespace
 
-HttpsClient::HttpsClient(int port, const std::string &authorityFile)
+HttpsClient::HttpsClient(int port, std::string authorityFile)
     : port_(port)
-    , authorityFile_(authorityFile)
+    , authorityFile_(std::move(authorityFile))
     , handle_(curl_easy_init())
 {
 }

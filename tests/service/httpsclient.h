@@ -20,7 +20,7 @@ struct HttpsReply {
 class HttpsClient {
 public:
     /// Trusts the authority in `authorityFile`; empty: speaks HTTP without TLS.
-    HttpsClient(int port, const std::string &authorityFile);
+    HttpsClient(int port, std::string authorityFile);
 
     HttpsReply post(const std::string &body);
     HttpsReply get();
@@ -30,8 +30,7 @@ public:
     std::string contentType = "application/xml; charset=utf-8";
     std::string extraHeader;
     long timeoutMilliseconds = 20000;
-    std::size_t greatestReply =
-        8 * 1024 * 1024; ///< Bytes of head or body after which the transfer is given up.
+    std::size_t greatestReply = 8388608; ///< Bytes of head or body after which the transfer is given up.
     const char *acceptEncoding = nullptr;
 
 private:

@@ -98,7 +98,7 @@ std::string NewsClient::readLine()
         }
         buffer_.append(bytes, static_cast<std::size_t>(count));
     }
-    const std::string line = buffer_.substr(0, end);
+    std::string line = buffer_.substr(0, end);
     buffer_.erase(0, end + 2);
     return line;
 }

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-typedef struct ssl_st SSL;
-typedef struct ssl_ctx_st SSL_CTX;
+using SSL = struct ssl_st;
+using SSL_CTX = struct ssl_ctx_st;
 
 /// A plain-spoken NNTP client for tests: sends lines and reads lines, with a time limit of ten seconds for
 /// each read. One thread.

@@ -51,7 +51,7 @@ ServiceFixture::ServiceFixture(const corvia::Options &options, const std::string
 
 HttpsClient ServiceFixture::client() const
 {
-    return HttpsClient(service_.accountPort(), plain_ ? std::string() : service_.authorityFile());
+    return {service_.accountPort(), plain_ ? std::string() : service_.authorityFile()};
 }
 
 HttpsReply ServiceFixture::post(const std::string &request) const
@@ -77,19 +77,19 @@ void ServiceFixture::setFault(corvia::Fault::Kind kind, int number, const std::s
 
 std::string ServiceFixture::scenario(const std::string &extra)
 {
-    return std::string("<scenario version=\"1\" auto-search-interval=\"600\">") + accounts + groups + extra +
+    return std::string(R"(<scenario version="1" auto-search-interval="600">)") + accounts + groups + extra +
            "</scenario>";
 }
 
 std::string ServiceFixture::loginRequest(const std::string &user, const std::string &password)
 {
     return "<request version=\"1\"><login><user-name>" + user + "</user-name><password>" + password +
-           "</password><client name=\"Halvora\" version=\"0.1.0\" language=\"en\"/></login></request>";
+           R"(</password><client name="Halvora" version="0.1.0" language="en"/></login></request>)";
 }
 
 std::string ServiceFixture::statusRequest(const std::string &session)
 {
-    return "<request version=\"1\" session=\"" + session + "\"><status/></request>";
+    return R"(<request version="1" session=")" + session + "\"><status/></request>";
 }
 
 std::string ServiceFixture::valueIn(const std::string &reply, const std::string &name)
@@ -97,7 +97,7 @@ std::string ServiceFixture::valueIn(const std::string &reply, const std::string 
     const std::string before = " " + name + "=\"";
     const std::size_t found = reply.find(before);
     if (found == std::string::npos) {
-        return std::string();
+        return {};
     }
     const std::size_t start = found + before.size();
     return reply.substr(start, reply.find('"', start) - start);

@@ -63,7 +63,7 @@ private Q_SLOTS:
         fixture.setFault(Fault::Kind::Flood);
         const HttpsReply reply = fixture.post(login_);
         QCOMPARE(reply.code, CURLE_WRITE_ERROR);
-        QVERIFY(reply.body.size() > 8 * 1024 * 1024);
+        QVERIFY(reply.body.size() > 8388608U);
     }
 
     void aHeaderFloodNeverComesToABody()
@@ -192,8 +192,7 @@ private Q_SLOTS:
 
     void aScenarioCanBeginWithAFault()
     {
-        ServiceFixture fixture(corvia::Options(),
-                               "<fault kind=\"status\" number=\"502\" request=\"login\"/>");
+        ServiceFixture fixture(corvia::Options(), R"(<fault kind="status" number="502" request="login"/>)");
         QCOMPARE(fixture.post(login_).status, 502L);
     }
 

@@ -227,6 +227,7 @@ private Q_SLOTS:
     {
         std::vector<std::thread> threads;
         std::atomic<int> good{0};
+        threads.reserve(8);
         for (int i = 0; i < 8; ++i) {
             threads.emplace_back([this, i, &good] {
                 const bool tls = i % 2 == 0;

@@ -24,9 +24,9 @@ private Q_SLOTS:
         row("two accounts", "<account user='a' password='b'/><account user='a' password='b'/>",
             "there are two accounts \"a\"");
         row("no number", "<account user='a' password='b'><status next-update-millis='-1'/></account>",
-            "\"-1\" is no number for the attribute \"next-update-millis\"");
+            R"("-1" is no number for the attribute "next-update-millis")");
         row("no flag", "<account user='a' password='b'><status supported='yes'/></account>",
-            "the attribute \"supported\" is \"true\" or \"false\"");
+            R"(the attribute "supported" is "true" or "false")");
         row("no port",
             "<account user='a' password='b'><servers><server host='a' port='0'/></servers></account>",
             "a port is a number from 1 to 65535");

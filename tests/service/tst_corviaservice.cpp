@@ -49,8 +49,7 @@ private Q_SLOTS:
         ServiceFixture fixture;
         const std::string body = fixture.post(ServiceFixture::loginRequest("bob")).body;
         QVERIFY(holds(body, "<nntp-servers><server host=\"news.corvia.example\" port=\"119\" ssl=\"false\"/>"
-                            "</nntp-servers><links></links>") ||
-                holds(body, "</nntp-servers><links/>"));
+                            "</nntp-servers><links/>"));
         QVERIFY(holds(body, "<software-update version=\"9.9\" url=\"https://www.corvia.example/get\">"
                             "Faster &amp; nicer.</software-update><status supported=\"false\"/></login>"));
     }
@@ -141,16 +140,16 @@ private Q_SLOTS:
         QTest::newRow("nothing") << "";
         QTest::newRow("no XML") << "hello";
         QTest::newRow("unfinished") << "<request version=\"1\">";
-        QTest::newRow("another version") << "<request version=\"2\" session=\"a\"><status/></request>";
-        QTest::newRow("unknown element") << "<request version=\"1\" session=\"a\"><bookmarks/></request>";
-        QTest::newRow("two elements") << "<request version=\"1\" session=\"a\"><status/><status/></request>";
-        QTest::newRow("no element") << "<request version=\"1\" session=\"a\"/>";
+        QTest::newRow("another version") << R"(<request version="2" session="a"><status/></request>)";
+        QTest::newRow("unknown element") << R"(<request version="1" session="a"><bookmarks/></request>)";
+        QTest::newRow("two elements") << R"(<request version="1" session="a"><status/><status/></request>)";
+        QTest::newRow("no element") << R"(<request version="1" session="a"/>)";
         QTest::newRow("no session") << "<request version=\"1\"><status/></request>";
-        QTest::newRow("odd session") << "<request version=\"1\" session=\"a b\"><status/></request>";
+        QTest::newRow("odd session") << R"(<request version="1" session="a b"><status/></request>)";
         QTest::newRow("empty login") << "<request version=\"1\"><login/></request>";
         QTest::newRow("a document type")
-            << "<!DOCTYPE request []><request version=\"1\" session=\"a\"><status/></request>";
-        QTest::newRow("an entity") << "<request version=\"1\" session=\"a\"><status>&x;</status></request>";
+            << R"(<!DOCTYPE request []><request version="1" session="a"><status/></request>)";
+        QTest::newRow("an entity") << R"(<request version="1" session="a"><status>&x;</status></request>)";
     }
 
     void aRequestThatIsNotValidSaysRequest()
@@ -198,6 +197,7 @@ private Q_SLOTS:
         ServiceFixture fixture;
         std::vector<std::thread> threads;
         std::atomic<int> good{0};
+        threads.reserve(8);
         for (int i = 0; i < 8; ++i) {
             threads.emplace_back([&fixture, &good] {
                 HttpsClient client = fixture.client();
