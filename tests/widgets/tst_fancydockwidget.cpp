@@ -4,6 +4,7 @@
 #include <halvora/stylehelper.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QMainWindow>
 #include <QtTest>
 
@@ -81,6 +82,7 @@ void TestFancyDock::theTitleFollowsTheWindowTitle()
     m_dock->setWindowTitle(QStringLiteral("Usage"));
     QCOMPARE(title()->accessibleName(), QStringLiteral("Usage"));
     QVERIFY(title()->grab().toImage() != before);
+    QCOMPARE(m_dock->toggleViewAction()->text(), QStringLiteral("Usage"));
 }
 
 void TestFancyDock::aTitleThatDoesNotFitIsCutOffAndToldByTheToolTip()

@@ -139,6 +139,7 @@ void TestPixmaps::whatCannotBeReadIsNull_data()
     QTest::newRow("no width") << drawing() << QSize(0, 16);
     QTest::newRow("less than nothing") << drawing() << QSize(16, -1);
     QTest::newRow("no size") << drawing() << QSize();
+    QTest::newRow("a poster") << drawing() << QSize(5000, 20);
     QTest::newRow("gigabytes") << drawing() << QSize(std::numeric_limits<int>::max(), 30000);
 }
 

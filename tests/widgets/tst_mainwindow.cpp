@@ -63,6 +63,7 @@ private Q_SLOTS:
     void serviceTextsArePlain_data();
     void serviceTextsArePlain();
     void aLongNoticeDoesNotWidenTheWindow();
+    void aLongNoticeLeavesTheStateReadable();
     void aNewerVersionIsOfferedAndDismissed();
     void onlyAWebAddressCanBeOpened_data();
     void onlyAWebAddressCanBeOpened();
@@ -255,6 +256,7 @@ void TestMainWindow::aNoticeGoesByItself()
     QCOMPARE(timer->interval(), 30000);
     timer->start(0);
     QTRY_VERIFY(part<QLabel>("halvora.notice")->text().isEmpty());
+    QVERIFY(!timer->isActive());
     QVERIFY(part<QLabel>("halvora.notice")->toolTip().isEmpty());
     m_window->showNotice(QStringLiteral("Again."));
     QCOMPARE(timer->interval(), 30000);
@@ -306,6 +308,16 @@ void TestMainWindow::aLongNoticeDoesNotWidenTheWindow()
     QVERIFY(part<QWidget>("halvora.updateDismiss")->isVisible());
     QVERIFY(m_window->rect().contains(part<QWidget>("halvora.updateDismiss")->mapTo(m_window.get(), {})));
     QVERIFY(m_window->rect().contains(part<QWidget>("halvora.connectionGraph")->mapTo(m_window.get(), {})));
+}
+
+void TestMainWindow::aLongNoticeLeavesTheStateReadable()
+{
+    m_window->setOnlineState(MainWindow::Lost);
+    m_window->showNotice(QStringLiteral("word ").repeated(300));
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    const auto *state = part<QLabel>("halvora.stateText");
+    QTRY_VERIFY(state->width() >= state->fontMetrics().horizontalAdvance(state->text()));
 }
 
 void TestMainWindow::aNewerVersionIsOfferedAndDismissed()

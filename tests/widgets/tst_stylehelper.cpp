@@ -26,11 +26,9 @@ void TestStyleHelper::theBaseColourIsTheOneThatWasSet()
 
 void TestStyleHelper::anInvalidColourGoesBackToTheProgramsOwn()
 {
-    const QColor own = StyleHelper::baseColor();
     StyleHelper::setBaseColor(Qt::yellow);
     StyleHelper::setBaseColor(QColor());
-    QCOMPARE(StyleHelper::baseColor(), own);
-    QVERIFY(own.isValid());
+    QCOMPARE(StyleHelper::baseColor(), QColor(0x3a, 0x4a, 0x65));
 }
 
 void TestStyleHelper::titlesAreReadableOnEveryBaseColour_data()

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void theEntryFollowsTheTitle();
     void anAmpersandInATitleIsNoShortcut();
     void aPanelHiddenBeforeItWasAddedStaysHidden();
+    void aPanelAddedToAVisibleWindowIsSeen();
     void theEntryGoesWithThePanel();
     void addingTwiceGivesOneEntry();
     void anUnknownAreaIsTheLeftOne();
@@ -183,6 +184,15 @@ void TestViewMenu::aPanelHiddenBeforeItWasAddedStaysHidden()
     m_window->show();
     QVERIFY(dock->isHidden());
     QVERIFY(!entries().constFirst()->isChecked());
+}
+
+void TestViewMenu::aPanelAddedToAVisibleWindowIsSeen()
+{
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    const FancyDockWidget *dock = add(QStringLiteral("One"));
+    QTRY_VERIFY(dock->isVisible());
+    QVERIFY(entries().constFirst()->isChecked());
 }
 
 void TestViewMenu::theEntryGoesWithThePanel()

@@ -39,7 +39,9 @@ DockTitleBar::DockTitleBar(QDockWidget *dock)
 
     connect(dock, &QWidget::windowTitleChanged, this, &DockTitleBar::followTitle);
     connect(dock, &QDockWidget::featuresChanged, this, &DockTitleBar::followFeatures);
-    connect(dock, &QDockWidget::topLevelChanged, this, &DockTitleBar::describe);
+    connect(dock, &QDockWidget::topLevelChanged, this, &DockTitleBar::describeButtons);
+    // A panel that was made without a parent begins as a window, and is docked without topLevelChanged.
+    connect(dock, &QDockWidget::dockLocationChanged, this, &DockTitleBar::describeButtons);
     connect(m_float, &QAbstractButton::clicked, dock, [dock] { dock->setFloating(!dock->isFloating()); });
     connect(m_close, &QAbstractButton::clicked, dock, &QWidget::close);
     followFeatures();
@@ -57,7 +59,8 @@ QSize DockTitleBar::sizeHint() const
 void DockTitleBar::followTitle()
 {
     setAccessibleName(m_dock->windowTitle());
-    describe();
+    describeButtons();
+    tellCutOffTitle();
     updateGeometry();
     update();
 }
@@ -68,11 +71,16 @@ void DockTitleBar::followFeatures()
     m_close->setVisible(m_dock->features().testFlag(QDockWidget::DockWidgetClosable));
 }
 
-void DockTitleBar::describe()
+void DockTitleBar::describeButtons()
 {
     const QString title = m_dock->windowTitle();
     m_float->describe((m_dock->isFloating() ? tr("Dock %1") : tr("Float %1")).arg(title));
     m_close->describe(tr("Close %1").arg(title));
+}
+
+void DockTitleBar::tellCutOffTitle()
+{
+    const QString title = m_dock->windowTitle();
     setToolTip(elidedTitle() == title ? QString() : ElidedLabel::plainToolTip(title));
 }
 
@@ -102,12 +110,12 @@ void DockTitleBar::paintEvent(QPaintEvent *)
 void DockTitleBar::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    describe();
+    tellCutOffTitle();
 }
 
 void DockTitleBar::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
-        describe();
+        describeButtons();
     QWidget::changeEvent(event);
 }

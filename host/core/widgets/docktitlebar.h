@@ -27,7 +27,8 @@ private:
     QString elidedTitle() const;
     void followTitle();
     void followFeatures();
-    void describe();
+    void describeButtons();
+    void tellCutOffTitle();
 
     QDockWidget *const m_dock;
     QSpacerItem *m_space;

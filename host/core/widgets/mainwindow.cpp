@@ -69,9 +69,7 @@ void MainWindow::addToolWidget(Qt::DockWidgetArea area, QDockWidget *dock)
     ++m_docks;
     if (dock->objectName().isEmpty())
         dock->setObjectName(QStringLiteral("halvora.dock%1").arg(m_docks));
-    const bool hidden = dock->isHidden() && dock->testAttribute(Qt::WA_WState_ExplicitShowHide);
     addDockWidget(isArea(area) ? area : Qt::LeftDockWidgetArea, dock);
-    dock->setVisible(!hidden);
     m_menu->view()->addDock(dock);
 }
 

@@ -32,13 +32,11 @@ StatusLine::StatusLine(const TrafficMeter &meter, QWidget *parent)
     m_notice->setObjectName(QStringLiteral("halvora.notice"));
     m_noticeTimer->setObjectName(QStringLiteral("halvora.noticeTimer"));
 
-    // The notice gives way first, so that a long one does not push the state off.
-    m_notice->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_notice->setContentsMargins(12, 0, 6, 0);
     setContentsMargins(6, 1, 4, 1);
     addWidget(m_dot);
     addWidget(m_stateText);
-    addWidget(m_notice, 1);
+    addWidget(m_notice, 1); // by its stretch it gives way before the state does
     addPermanentWidget(new ConnectionGraphWidget(meter, this));
 
     m_noticeTimer->setSingleShot(true);
