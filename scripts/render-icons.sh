@@ -29,10 +29,10 @@ render() { # drawing, picture, width, height
 }
 
 for size in 16 32 48 64 128 256; do
-    render resources/org.halvora.Halvora.svg "resources/app/${size}x$size.png" $size $size
+    render host/resources/org.halvora.Halvora.svg "host/resources/app/${size}x$size.png" $size $size
 done
-render plugin/resources/images/login.svg plugin/resources/images/login100.png 450 100
-render plugin/resources/images/login.svg plugin/resources/images/login200.png 900 200
+render resources/images/login.svg resources/images/login100.png 450 100
+render resources/images/login.svg resources/images/login200.png 900 200
 
 [ -n "$check" ] || exit 0
 status=0
