@@ -64,6 +64,8 @@ private:
 
 namespace {
 
+constexpr int ToolWatchdogMs = 60000; // for programs that take far less than a second
+
 /// What a program says, which for a validator is nothing when all is well; the reason when it cannot run.
 QString output(const QString &program, const QStringList &arguments)
 {
@@ -163,14 +165,18 @@ void PlatformManagerTest::theDesktopAgrees()
     const auto ask = [](const QString &what, const QString &argument) {
         return output(QStringLiteral("xdg-mime"), {QStringLiteral("query"), what, argument});
     };
-    QTRY_COMPARE(ask(QStringLiteral("default"), schemeType()), ours());
-    QTRY_COMPARE(ask(QStringLiteral("default"), QStringLiteral("application/x-nzb")), ours());
+    QTRY_COMPARE_WITH_TIMEOUT(ask(QStringLiteral("default"), schemeType()), ours(), ToolWatchdogMs);
+    QTRY_COMPARE_WITH_TIMEOUT(ask(QStringLiteral("default"), QStringLiteral("application/x-nzb")), ours(),
+                              ToolWatchdogMs);
     const QString file = path(QStringLiteral("demo.nzb"));
     write(file, "<?xml version=\"1.0\"?>\n<nzb xmlns=\"http://www.newzbin.com/DTD/2003/nzb\"/>\n");
-    QTRY_COMPARE(ask(QStringLiteral("filetype"), file), QStringLiteral("application/x-nzb"));
+    QTRY_COMPARE_WITH_TIMEOUT(ask(QStringLiteral("filetype"), file), QStringLiteral("application/x-nzb"),
+                              ToolWatchdogMs);
     // Both tools have ended when the caches that they write last are there.
-    QTRY_VERIFY(QFileInfo::exists(path(QStringLiteral("data/mime/mime.cache"))));
-    QTRY_VERIFY(read(path(QStringLiteral("data/applications/mimeinfo.cache"))).contains("application/x-nzb"));
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(path(QStringLiteral("data/mime/mime.cache"))), ToolWatchdogMs);
+    QTRY_VERIFY_WITH_TIMEOUT(
+        read(path(QStringLiteral("data/applications/mimeinfo.cache"))).contains("application/x-nzb"),
+        ToolWatchdogMs);
 }
 
 void PlatformManagerTest::theEntryOffersBoth_data()
@@ -273,14 +279,14 @@ void PlatformManagerTest::theDesktopsCachesAreRenewedOnlyAfterAChange()
     const QByteArray mime = "update-mime-database " + data + "/mime";
 
     QVERIFY(registerScheme());
-    QTRY_COMPARE(lines(), QList<QByteArray>({desktop}));
+    QTRY_COMPARE_WITH_TIMEOUT(lines(), QList<QByteArray>({desktop}), ToolWatchdogMs);
     QVERIFY(registerScheme());
     QVERIFY(registerNzb());
-    QTRY_COMPARE(lines(), QList<QByteArray>({desktop, desktop, mime}));
+    QTRY_COMPARE_WITH_TIMEOUT(lines(), QList<QByteArray>({desktop, desktop, mime}), ToolWatchdogMs);
     QVERIFY(registerNzb());
     QVERIFY(registerScheme());
     QVERIFY(PlatformManager().registerProtocolForUser(QStringLiteral("other"), QStringLiteral("Corvia")));
-    QTRY_COMPARE(lines(), QList<QByteArray>({desktop, desktop, desktop, mime}));
+    QTRY_COMPARE_WITH_TIMEOUT(lines(), QList<QByteArray>({desktop, desktop, desktop, mime}), ToolWatchdogMs);
 }
 
 void PlatformManagerTest::theUsersDefaultStands_data()

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 MaximumSize = 4 * 1024 * 1024;
+constexpr qint64 MaximumSize = qint64(4) * 1024 * 1024;
 
 } // namespace
 

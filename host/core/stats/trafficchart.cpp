@@ -152,23 +152,28 @@ double TrafficChart::step() const
     return step;
 }
 
+int TrafficChart::steps() const
+{
+    return std::max(1, int(std::ceil(double(m_largest) / step())));
+}
+
 double TrafficChart::top() const
 {
-    return std::max(1.0, std::ceil(double(m_largest) / step())) * step();
+    return steps() * step();
 }
 
 QRectF TrafficChart::plotArea() const
 {
     double labels = 0;
-    for (double value = 0; value <= top(); value += step())
-        labels = std::max(labels, double(fontMetrics().horizontalAdvance(byteText(value))));
-    const int line = fontMetrics().height();
+    for (int line = 0; line <= steps(); ++line)
+        labels = std::max(labels, double(fontMetrics().horizontalAdvance(byteText(line * step()))));
+    const int height = fontMetrics().height();
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     const double near = labels + 2 * Gap;
     const double far =
         std::max(double(Gap), widestAxisLabel() / 2); // the last label is centred below its bar
-    return QRectF(rect()).adjusted(mirrored ? far : near, line / 2.0 + Gap, mirrored ? -near : -far,
-                                   -line - 2 * Gap);
+    return QRectF(rect()).adjusted(mirrored ? far : near, height / 2.0 + Gap, mirrored ? -near : -far,
+                                   -height - 2 * Gap);
 }
 
 QRectF TrafficChart::slot(int index) const
@@ -222,18 +227,18 @@ void TrafficChart::paintGrid(QPainter &painter) const
     const QRectF plot = plotArea();
     const QColor base = palette().color(QPalette::Base);
     const QColor text = palette().color(QPalette::Text);
-    const int line = fontMetrics().height();
+    const int height = fontMetrics().height();
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    for (double value = 0; value <= top(); value += step()) {
-        const double y = std::round(plot.bottom() - plot.height() * value / top()) - .5;
-        painter.setPen(QPen(blended(text, base, value > 0 ? .15 : .45), 1));
+    const Qt::Alignment side = mirrored ? Qt::AlignLeft : Qt::AlignRight;
+    const double labelLeft = mirrored ? plot.right() + Gap : 0;
+    const double labelWidth = mirrored ? width() - labelLeft : plot.left() - Gap;
+    for (int line = 0; line <= steps(); ++line) {
+        const double y = std::round(plot.bottom() - plot.height() * line / steps()) - .5;
+        painter.setPen(QPen(blended(text, base, line > 0 ? .15 : .45), 1));
         painter.drawLine(QPointF(plot.left(), y), QPointF(plot.right(), y));
         painter.setPen(blended(text, base, .7));
-        const QRectF left(0, y - line / 2.0, plot.left() - Gap, line);
-        const QRectF right(plot.right() + Gap, y - line / 2.0, width() - plot.right() - Gap, line);
-        painter.drawText(mirrored ? right : left,
-                         Qt::AlignVCenter | Qt::AlignAbsolute | (mirrored ? Qt::AlignLeft : Qt::AlignRight),
-                         byteText(value));
+        painter.drawText(QRectF(labelLeft, y - height / 2.0, labelWidth, height),
+                         int(side | Qt::AlignVCenter | Qt::AlignAbsolute), byteText(line * step()));
     }
 }
 

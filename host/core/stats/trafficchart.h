@@ -35,6 +35,7 @@ private:
     QString axisLabel(int index) const;
     double widestAxisLabel() const;
     double step() const;
+    int steps() const;
     double top() const;
     QRectF plotArea() const;
     QRectF slot(int index) const;

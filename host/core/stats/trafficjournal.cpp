@@ -14,11 +14,11 @@ namespace {
 
 constexpr qint64 MaximumEntry = qint64(1) << 60;
 constexpr qint64 MaximumTime = 253402300799999; // the end of the year 9999
-constexpr qint64 MaximumFileSize = 64 * 1024 * 1024;
+constexpr qint64 MaximumFileSize = qint64(64) * 1024 * 1024;
 constexpr int MaximumLineLength = 64;
 constexpr int DaysInDetail = 62;
 constexpr int DaysBySecond = 2;
-constexpr qint64 CoarseStep = 5 * 60 * 1000;
+constexpr qint64 CoarseStep = qint64(5) * 60 * 1000;
 
 qint64 saturatedSum(qint64 a, qint64 b, qint64 maximum)
 {
@@ -71,6 +71,7 @@ QByteArray lines(const QVector<TrafficJournal::Entry> &entries)
 qint64 mergedTime(qint64 time, qint64 byDayBefore, qint64 coarseBefore)
 {
     if (time < byDayBefore) {
+        // Noon is still on the same day after a journey to another time zone.
         const QDate day = QDateTime::fromMSecsSinceEpoch(time).date();
         return QDateTime(day, QTime(12, 0)).toMSecsSinceEpoch();
     }
@@ -82,14 +83,19 @@ qint64 mergedTime(qint64 time, qint64 byDayBefore, qint64 coarseBefore)
 
 TrafficJournal::TrafficJournal(const QString &file, const Clock &nowMs)
     : m_file(file)
-    , m_nowMs(nowMs ? nowMs : Clock(&QDateTime::currentMSecsSinceEpoch))
 {
+    setClock(nowMs);
     load();
 }
 
 TrafficJournal::~TrafficJournal()
 {
     flush();
+}
+
+void TrafficJournal::setClock(const Clock &nowMs)
+{
+    m_nowMs = nowMs ? nowMs : Clock(&QDateTime::currentMSecsSinceEpoch);
 }
 
 QDate TrafficJournal::today() const

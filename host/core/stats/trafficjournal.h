@@ -34,7 +34,8 @@ public:
     ~TrafficJournal();
     Q_DISABLE_COPY(TrafficJournal)
 
-    void setClock(const Clock &nowMs) { m_nowMs = nowMs; }
+    /// Takes the time from @p nowMs instead of from the system; an empty function gives it back.
+    void setClock(const Clock &nowMs);
     QDate today() const;
 
     /// Counts @p bytes now; a number below one is none.

@@ -32,10 +32,10 @@ StorageManager::StorageManager(const QString &profile)
 
 QString StorageManager::dataDirectory() const
 {
-    const QString path = m_profile.isEmpty()
-                             ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                                   QStringLiteral("/halvora")
-                             : m_profile;
+    QString path = m_profile.isEmpty()
+                       ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                             QStringLiteral("/halvora")
+                       : m_profile;
     makePrivateDirectory(path);
     return path;
 }

@@ -82,8 +82,6 @@ QString StringFormat::byteCount(qint64 bytes, ByteFormat format, ByteNotation no
 QString StringFormat::dateTime(const QDateTime &dateTime, DateTimeFormat format)
 {
     Q_UNUSED(format)
-    if (!dateTime.isValid())
-        return {};
     return QLocale().toString(dateTime.toLocalTime(), QLocale::ShortFormat);
 }
 
