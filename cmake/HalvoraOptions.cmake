@@ -22,6 +22,8 @@ target_compile_definitions(halvora_options INTERFACE
     QT_STRICT_ITERATORS QT_NO_KEYWORDS QT_DEPRECATED_WARNINGS)
 target_compile_options(halvora_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    # Qt's logging macros are used without their optional arguments.
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>
     $<$<BOOL:${HALVORA_WERROR}>:-Werror>)
 if(HALVORA_SANITIZE)
     target_compile_options(halvora_options INTERFACE
