@@ -4,9 +4,11 @@
 
 #include <halvora/simplenntpclient.h>
 
-ClientThread::ClientThread(Core &core, const Attempt &attempt)
+#include <utility>
+
+ClientThread::ClientThread(Core &core, Attempt attempt)
     : m_core(core)
-    , m_attempt(attempt)
+    , m_attempt(std::move(attempt))
 {
 }
 
@@ -58,4 +60,21 @@ Outcome outcomeOf(Core &core, const Attempt &attempt)
     if (!thread.wait(WatchdogMs))
         return {false, false, QStringLiteral("the client did not end")};
     return thread.outcome();
+}
+
+Attempt plainAttempt(quint16 port)
+{
+    Attempt attempt;
+    attempt.hosts = {NntpHost(QStringLiteral("127.0.0.1"), port, false)};
+    return attempt;
+}
+
+QByteArray userLine()
+{
+    return QByteArrayLiteral("AUTHINFO USER alice\r\n");
+}
+
+QByteArray passLine()
+{
+    return QByteArrayLiteral("AUTHINFO PASS wonderland\r\n");
 }

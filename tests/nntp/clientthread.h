@@ -4,6 +4,7 @@
 
 #include <halvora/nntphost.h>
 
+#include <QByteArray>
 #include <QString>
 #include <QThread>
 #include <QVector>
@@ -32,7 +33,7 @@ struct Outcome {
 /// A worker as the host server has one: a thread that never runs an event loop of its own.
 class ClientThread final : public QThread {
 public:
-    ClientThread(Core &core, const Attempt &attempt);
+    ClientThread(Core &core, Attempt attempt);
     /// Stops the worker if it still runs.
     ~ClientThread() override;
 
@@ -55,3 +56,10 @@ private:
 
 /// Runs one attempt to its end and returns its outcome; an empty outcome that says so when it does not end.
 Outcome outcomeOf(Core &core, const Attempt &attempt);
+
+/// An attempt on a plain server of ours.
+Attempt plainAttempt(quint16 port);
+
+/// What an attempt sends when neither its name nor its password was changed.
+QByteArray userLine();
+QByteArray passLine();

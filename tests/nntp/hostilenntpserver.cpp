@@ -227,3 +227,19 @@ void HostileNntpServer::note(const QByteArray &bytes)
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_transcript += bytes;
 }
+
+HostileNntpServer::Script Scripts::saying(const QByteArray &bytes)
+{
+    return [bytes](Conversation &client) { client.say(bytes); };
+}
+
+HostileNntpServer::Script Scripts::answering(const QList<QByteArray> &replies)
+{
+    return [replies](Conversation &client) {
+        client.say("200 welcome\r\n");
+        for (const QByteArray &reply : replies) {
+            client.hear();
+            client.say(reply);
+        }
+    };
+}

@@ -5,6 +5,7 @@
 #include "loopbackport.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QMetaType>
 #include <QtGlobal>
 
@@ -98,3 +99,12 @@ private:
 };
 
 Q_DECLARE_METATYPE(HostileNntpServer::Script)
+
+namespace Scripts {
+
+/// Sends @p bytes and nothing more.
+HostileNntpServer::Script saying(const QByteArray &bytes);
+/// Greets, and answers each command with the next of @p replies.
+HostileNntpServer::Script answering(const QList<QByteArray> &replies);
+
+} // namespace Scripts

@@ -53,6 +53,6 @@ QString InnServer::runScript(const QStringList &arguments)
     if (!script.waitForFinished(WatchdogMs))
         return QStringLiteral("the script did not end: ") + script.errorString();
     if (script.exitStatus() == QProcess::NormalExit && script.exitCode() == 0)
-        return QString();
+        return {};
     return QString::fromLocal8Bit(script.readAll()).trimmed();
 }

@@ -65,7 +65,8 @@ void LoopbackPort::becomeDeaf()
     for (int i = 0; i < 64; ++i) {
         const int filler = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
         m_fillers.append(filler);
-        ::connect(filler, reinterpret_cast<const sockaddr *>(&address), sizeof address);
+        if (::connect(filler, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0)
+            continue;
         pollfd waited = {filler, POLLOUT, 0};
         if (::poll(&waited, 1, 200) == 0)
             return;

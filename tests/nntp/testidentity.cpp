@@ -42,7 +42,7 @@ QByteArray TestIdentity::pem() const
     PEM_write_bio_X509(memory.get(), m_certificate.get());
     char *bytes = nullptr;
     const long size = BIO_get_mem_data(memory.get(), &bytes);
-    return QByteArray(bytes, static_cast<int>(size));
+    return {bytes, static_cast<int>(size)};
 }
 
 void TestIdentity::addExtension(int nid, const QByteArray &value, X509 *issuer)

@@ -24,51 +24,58 @@ namespace {
 constexpr unsigned long WatchdogMs = 1000;
 
 /// A resolver that answers only once it is released, as the system's does when its servers are out of reach.
-/// It has to be a plain function, so what steers it is shared by the whole program.
+/// Resolvers are plain functions, so what steers this one is shared by the whole program.
 class SlowResolver {
 public:
-    static int resolve(const char *host, const char *port, const addrinfo *hints, addrinfo **found)
+    static int resolve(const char *, const char *port, const addrinfo *hints, addrinfo **found)
     {
-        std::unique_lock<std::mutex> lock(s_mutex);
-        ++s_asked;
-        s_changed.notify_all();
-        s_changed.wait(lock, [] { return s_isReleased; });
-        Q_UNUSED(host)
+        State &now = state();
+        std::unique_lock<std::mutex> lock(now.mutex);
+        ++now.asked;
+        now.changed.notify_all();
+        now.changed.wait(lock, [&now] { return now.isReleased; });
         const int result = ::getaddrinfo("127.0.0.1", port, hints, found);
-        ++s_answered;
-        s_changed.notify_all();
+        ++now.answered;
+        now.changed.notify_all();
         return result;
     }
 
     SlowResolver()
     {
-        const std::lock_guard<std::mutex> lock(s_mutex);
-        s_isReleased = false;
-        s_asked = s_answered = 0;
+        const std::lock_guard<std::mutex> lock(state().mutex);
+        state().isReleased = false;
+        state().asked = state().answered = 0;
     }
     ~SlowResolver() { release(); }
     Q_DISABLE_COPY(SlowResolver)
 
     void waitUntilAsked()
     {
-        std::unique_lock<std::mutex> lock(s_mutex);
-        s_changed.wait(lock, [] { return s_asked > 0; });
+        std::unique_lock<std::mutex> lock(state().mutex);
+        state().changed.wait(lock, [] { return state().asked > 0; });
     }
     /// Returns when every question has its answer.
     void release()
     {
-        std::unique_lock<std::mutex> lock(s_mutex);
-        s_isReleased = true;
-        s_changed.notify_all();
-        s_changed.wait(lock, [] { return s_answered == s_asked; });
+        std::unique_lock<std::mutex> lock(state().mutex);
+        state().isReleased = true;
+        state().changed.notify_all();
+        state().changed.wait(lock, [] { return state().answered == state().asked; });
     }
 
 private:
-    static inline std::mutex s_mutex;
-    static inline std::condition_variable s_changed;
-    static inline bool s_isReleased = false;
-    static inline int s_asked = 0;
-    static inline int s_answered = 0;
+    struct State {
+        std::mutex mutex;
+        std::condition_variable changed;
+        bool isReleased = false;
+        int asked = 0;
+        int answered = 0;
+    };
+    static State &state()
+    {
+        static State shared;
+        return shared;
+    }
 };
 
 class LookupThread final : public QThread {
@@ -153,6 +160,7 @@ void tst_HostLookup::aNameThatCannotBeOneIsNotAskedFor_data()
     QTest::addColumn<quint16>("port");
     QTest::newRow("empty") << QString() << quint16(119);
     QTest::newRow("NUL") << QStringLiteral("news.corvia.example") + QChar(QChar::Null) << quint16(119);
+    QTest::newRow("NUL after digits") << QStringLiteral("192.0.2.2") + QChar(QChar::Null) << quint16(119);
     QTest::newRow("no port") << QStringLiteral("192.0.2.1") << quint16(0);
 }
 

@@ -35,7 +35,8 @@ void tst_NntpReply::aReplyHasACodeAndAText_data()
     row("281 <b>bold</b>", 281, QStringLiteral("281 <b>bold</b>"));
     row("481 a\tb\rc\x7F", 481,
         QStringLiteral("481 a") + odd + QLatin1Char('b') + odd + QLatin1Char('c') + odd);
-    row("481 \xE2\x80\xAE back", 481, QStringLiteral("481 ") + odd + QStringLiteral(" back"));
+    row("481 " + QString(QChar(0x202E)).toUtf8() + " back", 481,
+        QStringLiteral("481 ") + odd + QStringLiteral(" back"));
     row("481 \xC3\xA9", 481, QStringLiteral("481 ") + QChar(0x00E9));
     row("481 " + QByteArray(508, 'x'), 481, QStringLiteral("481 ") + QString(508, QLatin1Char('x')));
     row("482 " + QByteArray(509, 'x'), 482, QStringLiteral("482 ") + QString(508, QLatin1Char('x')));

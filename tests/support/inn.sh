@@ -101,6 +101,7 @@ C
 # Waits on a port that nobody has, writes its number into the file $1, and runs the rest of the arguments for
 # each connection, as inetd does. The daemon's own way to a port works for the group "news" only. Perl is on
 # every Debian.
+# shellcheck disable=SC2016
 LISTENER='
 use IO::Socket::INET;
 my ($file, @command) = @ARGV;

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int LongestLine = 4096;
 // Never more than one line is expected, so a flood beyond this is a failure before it is a loss.
-constexpr qint64 ReadBuffer = 16 * LongestLine;
+constexpr qint64 ReadBuffer = qint64(16) * LongestLine;
 
 QSslConfiguration tlsConfiguration()
 {

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <halvora/nntphost.h>
 
-NntpHost::NntpHost(const QString &host, quint16 port, bool ssl)
-    : m_host(host)
+#include <utility>
+
+NntpHost::NntpHost(QString host, quint16 port, bool ssl)
+    : m_host(std::move(host))
     , m_port(port)
     , m_ssl(ssl)
 {

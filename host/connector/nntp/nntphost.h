@@ -12,7 +12,7 @@ class HALVORA_CONNECTOR_EXPORT NntpHost {
 public:
     /// No host: an empty name and port 0, which nothing can be connected to.
     NntpHost() = default;
-    NntpHost(const QString &host, quint16 port, bool ssl);
+    NntpHost(QString host, quint16 port, bool ssl);
 
     QString host() const { return m_host; }
     quint16 port() const { return m_port; }

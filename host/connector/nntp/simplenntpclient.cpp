@@ -20,16 +20,16 @@ enum ReplyCode {
     PasswordRequired = 381,
 };
 
-constexpr int LongestCommandLine = 512;
+constexpr int LongestArgument = 497; // bytes; RFC 3977 section 3.1
 
 /// The whole command line, or nothing when @p argument cannot stand in one.
 QByteArray authInfo(const char *step, const QString &argument)
 {
     const QByteArray bytes = argument.toUtf8();
-    if (bytes.isEmpty() || bytes.contains('\r') || bytes.contains('\n') || bytes.contains('\0'))
-        return QByteArray();
-    const QByteArray line = QByteArrayLiteral("AUTHINFO ") + step + ' ' + bytes + QByteArrayLiteral("\r\n");
-    return line.size() <= LongestCommandLine ? line : QByteArray();
+    if (bytes.isEmpty() || bytes.size() > LongestArgument || bytes.contains('\r') || bytes.contains('\n') ||
+        bytes.contains('\0'))
+        return {};
+    return QByteArrayLiteral("AUTHINFO ") + step + ' ' + bytes + QByteArrayLiteral("\r\n");
 }
 
 } // namespace
@@ -79,7 +79,7 @@ NntpReply SimpleNntpClient::command(const QByteArray &line, const QByteArray &se
     // What is here already answers nothing that was asked, and would be taken for the answer to this.
     if (m_connection->hasUnread() || !m_connection->send(line)) {
         m_connection->close();
-        return NntpReply();
+        return {};
     }
     return readReply(WaitBudget(*m_core, m_replyDeadline), secret);
 }
@@ -88,8 +88,8 @@ NntpReply SimpleNntpClient::readReply(const WaitBudget &budget, const QByteArray
 {
     const auto line = m_connection->readLine(budget);
     if (!line)
-        return NntpReply();
-    const NntpReply reply(*line, secret);
+        return {};
+    NntpReply reply(*line, secret);
     m_lastReply = reply.text();
     return reply;
 }

@@ -31,16 +31,15 @@ public:
     /// What each reply may take from its command to its last byte; 10 s unless set.
     void setReplyDeadline(std::chrono::milliseconds deadline) { m_replyDeadline = deadline; }
 
-    /// Drops any connection there is, connects, and waits for the greeting; true when that is 200 or 201.
-    /// With
+    /// Drops any connection there is, connects, and waits for the greeting; true when that is 200 or 201. With
     /// @p ssl the connection is TLS 1.2 or later from the first byte (RFC 8143) and the certificate must name
     /// @p host and come from one of the system's authorities or of Core::authorityFile().
     bool connectToHost(const QString &host, quint16 port, bool ssl);
 
     /// Logs in with AUTHINFO USER and PASS (RFC 4643 section 2.3) on the connection there is. False without
-    /// sending anything when a name or password is empty, contains CR, LF or NUL, or is too long for a
-    /// command line of 512 octets (RFC 3977 section 3.1), which leaves 496 bytes of UTF-8. After a refusal
-    /// the connection stays; after bytes that break the protocol it is closed.
+    /// sending anything when a name or password is empty, contains CR, LF or NUL, or is longer than the 497
+    /// bytes that an argument may have (RFC 3977 section 3.1), in UTF-8. After a refusal the connection
+    /// stays; after bytes that break the protocol it is closed.
     bool login(const QString &user, const QString &password);
 
     /// The last line that the server said since connectToHost was called; empty when it said none. Plain text

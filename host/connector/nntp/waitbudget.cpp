@@ -40,5 +40,5 @@ std::chrono::milliseconds WaitBudget::slice() const
 
 WaitBudget WaitBudget::share(int parts) const
 {
-    return WaitBudget(*m_core, remaining(m_deadline) / std::max(parts, 1));
+    return {*m_core, remaining(m_deadline) / std::max(parts, 1)};
 }
