@@ -30,7 +30,8 @@ namespace {
 QStringList translationDirectories()
 {
     const QString program = QCoreApplication::applicationDirPath();
-    return {program + QStringLiteral("/translations"), program + QStringLiteral("/../share/halvora/translations")};
+    return {program + QStringLiteral("/translations"),
+            program + QStringLiteral("/../share/halvora/translations")};
 }
 
 QString pluginDirectory(const Options &options)
@@ -68,7 +69,9 @@ void Application::loadPlugins(const QString &directory)
 {
     const QVector<PluginResult> results = PluginLoader::loadAll(directory);
     for (const PluginResult &result : results) {
-        if (result.plugin) {
+        if (m_plugins.contains(result.plugin)) {
+            qCInfo(logApplication).noquote() << result.file << "is a plug-in that is loaded already";
+        } else if (result.plugin) {
             addPlugin(result.plugin, result.file);
         } else {
             qCWarning(logApplication).noquote() << result.logText;
@@ -82,11 +85,25 @@ void Application::loadPlugins(const QString &directory)
 
 void Application::addPlugin(CorePluginInterface *plugin, const QString &file)
 {
-    m_core->setProviderName(QFileInfo(file).completeBaseName());
+    const QFileInfo info(file);
+    auto *provider = dynamic_cast<AbstractProvider *>(plugin);
+    // There is one account, and one place in the window for what a provider says about it.
+    if (m_provider && provider) {
+        qCWarning(logApplication).noquote() << file << "is a second provider";
+        m_notices.append(
+            tr("The plug-in %1 was left out, because another provider is in use.").arg(info.fileName()));
+        return;
+    }
+    m_core->setProviderName(info.completeBaseName());
     plugin->create(this, m_core.get());
+    if (provider && !provider->connectorPlugin()) {
+        qCWarning(logApplication).noquote() << file << "made no connector plug-in";
+        m_notices.append(tr("The plug-in %1 can not be used.").arg(info.fileName()));
+        return;
+    }
     m_plugins.append(plugin);
-    if (!m_provider)
-        m_provider = dynamic_cast<AbstractProvider *>(plugin);
+    if (provider)
+        m_provider = provider;
     m_benchmark.lap(QStringLiteral("create"));
 }
 
@@ -123,8 +140,10 @@ void Application::start()
     for (CorePluginInterface *plugin : qAsConst(m_plugins))
         plugin->onApplicationStart();
     m_window->show();
-    for (const QString &notice : qAsConst(m_notices))
-        m_window->showNotice(notice);
+    if (!m_options.link.isEmpty())
+        m_notices.append(tr("This version can not open links and files yet."));
+    if (!m_notices.isEmpty())
+        m_window->showNotice(m_notices.join(QLatin1Char(' ')));
     for (CorePluginInterface *plugin : qAsConst(m_plugins))
         plugin->onJobControllerRestore();
     // After what the plug-ins queued at their start.

@@ -25,7 +25,8 @@ void Application::connectWindow()
     connect(m_window.get(), &MainWindow::settingsRequested, this, &Application::showSettings);
     connect(m_window.get(), &MainWindow::reportRequested, this, &Application::saveReport);
     connect(m_window.get(), &MainWindow::closing, qApp, &QApplication::quit);
-    connect(m_window.get(), &MainWindow::linkRequested, this, [this](const QUrl &url) { m_core->links().open(url); });
+    connect(m_window.get(), &MainWindow::linkRequested, this,
+            [this](const QUrl &url) { m_core->links().open(url); });
     connect(&m_core->links(), &LinkOpener::refused, m_window.get(), &MainWindow::showNotice);
     connect(m_core->locale(), &LocaleManager::languageChanged, this, &Application::changeLanguage);
     if (!m_provider) {
@@ -45,11 +46,13 @@ void Application::showState(HServer::State state)
     const QString service = tr("account service %1").arg(address.host());
     switch (state) {
     case HServer::Disconnected:
-        return m_window->setOnlineState(MainWindow::Offline, tr("%1 – %2").arg(plugin->offlineText(), service));
+        return m_window->setOnlineState(MainWindow::Offline,
+                                        tr("%1 – %2").arg(plugin->offlineText(), service));
     case HServer::Connecting:
         return m_window->setOnlineState(MainWindow::Connecting, tr("Logging in – %1").arg(service));
     case HServer::Connected:
-        return m_window->setOnlineState(MainWindow::Connected, tr("%1 – %2").arg(plugin->onlineText(), service));
+        return m_window->setOnlineState(MainWindow::Connected,
+                                        tr("%1 – %2").arg(plugin->onlineText(), service));
     case HServer::ServiceLost:
         return m_window->setOnlineState(MainWindow::Lost, tr("No connection – %1").arg(service));
     }
@@ -59,8 +62,10 @@ void Application::changeLanguage()
 {
     for (CorePluginInterface *plugin : qAsConst(m_plugins))
         plugin->onLanguageChange();
-    if (m_provider)
-        showState(m_provider->connectorPlugin()->connector()->server()->connectorState());
+    if (!m_provider)
+        return m_window->setOnlineState(MainWindow::Offline, tr("No provider plug-in is loaded"));
+    m_window->setWindowTitle(m_provider->windowTitle());
+    showState(m_provider->connectorPlugin()->connector()->server()->connectorState());
 }
 
 void Application::showSettings()
@@ -79,7 +84,8 @@ void Application::saveReport()
     dialog->selectFile(QStringLiteral("halvora-report.txt"));
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
         QSaveFile file(path);
-        const bool saved = file.open(QIODevice::WriteOnly) && file.write(HLog::report().toUtf8()) >= 0 && file.commit();
+        const bool saved =
+            file.open(QIODevice::WriteOnly) && file.write(HLog::report().toUtf8()) >= 0 && file.commit();
         m_window->showNotice(saved ? tr("The report was saved to %1.").arg(path)
                                    : tr("The report could not be saved: %1").arg(file.errorString()));
     });
@@ -103,8 +109,10 @@ void Application::takePicture(const QString &file)
 {
     if (!m_login) {
         qCritical("There is no account to log in to.");
-        QMetaObject::invokeMethod(qApp, [] { QCoreApplication::exit(EXIT_FAILURE); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            qApp, [] { QCoreApplication::exit(EXIT_FAILURE); }, Qt::QueuedConnection);
         return;
     }
-    new Picture(file, m_window.get(), m_provider->connectorPlugin()->connector()->server(), m_login.get(), this);
+    new Picture(file, m_window.get(), m_provider->connectorPlugin()->connector()->server(), m_login.get(),
+                this);
 }

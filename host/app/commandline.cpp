@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -14,8 +15,8 @@ bool parseService(const QString &value, Options &options)
 {
     // QUrl knows how a port stands beside an IPv6 address.
     const QUrl url(QStringLiteral("https://") + value, QUrl::StrictMode);
-    if (!url.isValid() || url.host().isEmpty() || url.port() <= 0 || url.authority() != value
-        || !url.userInfo().isEmpty())
+    if (!url.isValid() || url.host().isEmpty() || url.port() <= 0 || url.authority() != value ||
+        !url.userInfo().isEmpty())
         return false;
     options.serviceHost = url.host();
     options.servicePort = url.port();
@@ -25,8 +26,16 @@ bool parseService(const QString &value, Options &options)
 bool parseDescriptor(const QString &value, Options &options)
 {
     bool ok = false;
-    options.passwordDescriptor = value.toInt(&ok);
-    return ok && options.passwordDescriptor >= 0 && fcntl(options.passwordDescriptor, F_GETFD) != -1;
+    const int descriptor = value.toInt(&ok);
+    const int flags = ok && descriptor >= 0 ? fcntl(descriptor, F_GETFD) : -1;
+    // What was handed over has come through exec; a descriptor that closes there is one of the program's own.
+    if (flags == -1 || (flags & FD_CLOEXEC) != 0 || (fcntl(descriptor, F_GETFL) & O_ACCMODE) == O_WRONLY)
+        return false;
+    // The programs that this one starts must not find the password there.
+    if (descriptor > STDERR_FILENO)
+        fcntl(descriptor, F_SETFD, flags | FD_CLOEXEC);
+    options.passwordDescriptor = descriptor;
+    return true;
 }
 
 } // namespace
@@ -42,18 +51,20 @@ CommandLine::Result CommandLine::parse(const QStringList &arguments, Options &op
                                      tr("host:port"));
     const QCommandLineOption authority(QStringLiteral("account-ca"),
                                        tr("Trust the authorities in this PEM file."), tr("file"));
-    const QCommandLineOption profile(QStringLiteral("profile"),
-                                     tr("Keep settings and data in this folder."), tr("folder"));
+    const QCommandLineOption profile(QStringLiteral("profile"), tr("Keep settings and data in this folder."),
+                                     tr("folder"));
     const QCommandLineOption plugins(QStringLiteral("plugins"), tr("Load the plug-ins of this folder."),
                                      tr("folder"));
     const QCommandLineOption screenshot(QStringLiteral("screenshot"),
-                                        tr("Save a picture of the window after the login and quit."), tr("file"));
+                                        tr("Save a picture of the window after the login and quit."),
+                                        tr("file"));
     const QCommandLineOption user(QStringLiteral("user"), tr("Log in as this user."), tr("name"));
-    const QCommandLineOption password(QStringLiteral("password-fd"),
-                                      tr("Read the password from this open file descriptor, up to a line's end."),
-                                      tr("number"));
+    const QCommandLineOption password(
+        QStringLiteral("password-fd"),
+        tr("Read the password from this open file descriptor, up to a line's end."), tr("number"));
     parser.addOptions({service, authority, profile, plugins, screenshot, user, password});
-    parser.addPositionalArgument(QStringLiteral("link"), tr("A link or a file to open."), QStringLiteral("[link]"));
+    parser.addPositionalArgument(QStringLiteral("link"), tr("A link or a file to open."),
+                                 QStringLiteral("[link]"));
 
     const bool parsed = parser.parse(arguments);
     const auto misused = [&text](const QString &sentence) {

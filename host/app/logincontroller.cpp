@@ -13,6 +13,8 @@
 
 #include <QSettings>
 
+#include <utility>
+
 namespace {
 
 constexpr int longestPause = 300'000;   // milliseconds
@@ -40,8 +42,8 @@ bool needsPerson(const RequestFailure &failure)
 
 bool isOwnDoing(const RequestFailure &failure)
 {
-    return failure.kind() == RequestFailure::Kind::LoggedOut
-        || failure.kind() == RequestFailure::Kind::ShuttingDown;
+    return failure.kind() == RequestFailure::Kind::LoggedOut ||
+           failure.kind() == RequestFailure::Kind::ShuttingDown;
 }
 
 } // namespace
@@ -54,7 +56,7 @@ LoginController::LoginController(ConnectorPlugin *plugin, MainWindow *window, QO
 {
     HServer *server = plugin->connector()->server();
     m_retry.setSingleShot(true);
-    connect(&m_retry, &QTimer::timeout, this, [this] { m_plugin->startLogin(); });
+    connect(&m_retry, &QTimer::timeout, this, &LoginController::retry);
     connect(server, &HServer::stateChanged, this, &LoginController::follow);
     connect(server, &HServer::requestFailed, this, &LoginController::tell);
     connect(server, &HServer::sessionRefused, this, &LoginController::relogin);
@@ -74,11 +76,17 @@ void LoginController::setFirstPause(int milliseconds)
 void LoginController::start(const QString &user, const QString &password)
 {
     const QString name = user.isEmpty() ? m_plugin->core()->settings().value(userKey()).toString() : user;
+    // A person may have been quicker than what handed the password over.
+    if (!m_plugin->connector()->password().isEmpty())
+        return;
     m_plugin->connector()->setAccount(name, password);
     if (!name.isEmpty() && !password.isEmpty())
         logIn(name, password);
     else if (!name.isEmpty())
         m_passwords->look(name);
+    else
+        Q_EMIT accountUnknown();
+    updateMenu();
 }
 
 void LoginController::passwordFound(const QString &user, const QString &password)
@@ -87,6 +95,8 @@ void LoginController::passwordFound(const QString &user, const QString &password
     const bool stillWanted = connector->username() == user && connector->password().isEmpty();
     if (stillWanted && !password.isEmpty())
         logIn(user, password);
+    else if (stillWanted)
+        Q_EMIT accountUnknown();
 }
 
 void LoginController::logIn(const QString &user, const QString &password)
@@ -105,6 +115,8 @@ void LoginController::showDialog()
         m_dialog->setAttribute(Qt::WA_DeleteOnClose);
         m_dialog->setAccount(m_plugin->connector()->username(), QString());
         connect(m_dialog, &LoginDialog::loginRequested, this, &LoginController::logIn);
+        // It is destroyed a little later, and must not be shown again until then.
+        connect(m_dialog, &QDialog::finished, this, [this] { m_dialog.clear(); });
         m_dialog->setBusy(m_plugin->connector()->server()->connectorState() == HServer::Connecting);
     }
     m_dialog->open();
@@ -119,6 +131,7 @@ void LoginController::logOut()
     m_plugin->core()->settings().remove(userKey());
     if (!user.isEmpty())
         m_passwords->forget(user);
+    updateMenu();
 }
 
 void LoginController::follow(HServer::State state)
@@ -128,7 +141,8 @@ void LoginController::follow(HServer::State state)
     if (state == HServer::Connected) {
         const Connector *connector = m_plugin->connector();
         m_sinceLogin.start();
-        m_window->showNotice(QString());
+        if (std::exchange(m_told, false))
+            m_window->showNotice(QString());
         m_retry.stop();
         m_plugin->core()->settings().setValue(userKey(), connector->username());
         m_passwords->keep(connector->username(), connector->password());
@@ -142,8 +156,14 @@ void LoginController::follow(HServer::State state)
 
 void LoginController::tell(const RequestFailure &failure, bool isLogin)
 {
-    if (isOwnDoing(failure))
+    if (isOwnDoing(failure)) {
+        // Whoever logs in again at once meets the attempt that the logout has just ended.
+        if (isLogin && failure.kind() == RequestFailure::Kind::LoggedOut &&
+            !m_plugin->connector()->password().isEmpty())
+            m_plugin->startLogin();
         return;
+    }
+    m_told = true;
     m_window->showNotice(failure.sentence());
     if (!isLogin)
         return;
@@ -183,8 +203,20 @@ void LoginController::retryLater()
     m_retry.start(m_pause);
 }
 
+void LoginController::retry()
+{
+    // Not under the hands of a person who is typing something better.
+    if (m_dialog && m_dialog->isBeingFilledIn())
+        m_retry.start(m_pause);
+    else
+        m_plugin->startLogin();
+}
+
+// There is something to forget as soon as the user's name is known.
 void LoginController::updateMenu()
 {
-    const HServer::State state = m_plugin->connector()->server()->connectorState();
-    m_window->setLoginPossible(state != HServer::Connected, state != HServer::Disconnected);
+    const Connector *connector = m_plugin->connector();
+    const HServer::State state = connector->server()->connectorState();
+    m_window->setLoginPossible(state != HServer::Connected,
+                               state != HServer::Disconnected || !connector->username().isEmpty());
 }

@@ -32,6 +32,8 @@ public:
 
 Q_SIGNALS:
     void loginFailed(const RequestFailure &failure);
+    /// At start no user name or no password was known, so nothing was tried.
+    void accountUnknown();
 
 private:
     void logIn(const QString &user, const QString &password);
@@ -40,6 +42,7 @@ private:
     void tell(const RequestFailure &failure, bool isLogin);
     void relogin();
     void retryLater();
+    void retry();
     void updateMenu();
 
     ConnectorPlugin *const m_plugin;
@@ -49,5 +52,6 @@ private:
     QTimer m_retry;
     QElapsedTimer m_sinceLogin;
     int m_firstPause = 5'000;
-    int m_pause = 0; ///< milliseconds; 0: no attempt has failed
+    int m_pause = 0;     ///< milliseconds; 0: no attempt has failed
+    bool m_told = false; ///< whether the status bar may still tell of a failure
 };

@@ -12,12 +12,18 @@
 
 namespace {
 
+constexpr int longestReply = 500; // characters; a longer one would leave no room for the buttons
+
 QLabel *textLabel(const char *objectName, QWidget *parent)
 {
     auto *label = new QLabel(parent);
     label->setObjectName(QLatin1String(objectName));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    // The text comes from somebody else, who may not break it into words.
+    QSizePolicy policy = label->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Ignored);
+    label->setSizePolicy(policy);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->hide();
     return label;
@@ -46,8 +52,12 @@ LoginDialog::LoginDialog(const QPixmap &banner, QWidget *parent)
     connect(m_user, &QLineEdit::textChanged, this, &LoginDialog::updateButton);
     connect(m_password, &QLineEdit::textChanged, this, &LoginDialog::updateButton);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(m_buttons, &QDialogButtonBox::accepted, this,
-            [this] { Q_EMIT loginRequested(m_user->text(), m_password->text()); });
+    for (const QLineEdit *edit : {m_user, m_password})
+        connect(edit, &QLineEdit::textEdited, this, [this] { m_edited = true; });
+    connect(m_buttons, &QDialogButtonBox::accepted, this, [this] {
+        m_edited = false;
+        Q_EMIT loginRequested(m_user->text(), m_password->text());
+    });
     retranslate();
     updateButton();
 }
@@ -99,9 +109,16 @@ void LoginDialog::setFailure(const QString &sentence, const QString &serverReply
 {
     m_failure->setText(sentence);
     m_failure->setVisible(!sentence.isEmpty());
-    m_reply->setText(serverReply);
+    m_reply->setText(serverReply.left(longestReply));
     m_replyCaption->setVisible(!serverReply.isEmpty());
     m_reply->setVisible(!serverReply.isEmpty());
+    m_password->selectAll();
+    m_password->setFocus();
+}
+
+bool LoginDialog::isBeingFilledIn() const
+{
+    return m_edited;
 }
 
 void LoginDialog::changeEvent(QEvent *event)

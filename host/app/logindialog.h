@@ -22,6 +22,8 @@ public:
     void setBusy(bool busy);
     /// Both plain text; @p serverReply is what a news server said, empty when it said nothing.
     void setFailure(const QString &sentence, const QString &serverReply);
+    /// Whether somebody has typed since the last request for a login.
+    bool isBeingFilledIn() const;
 
 Q_SIGNALS:
     void loginRequested(const QString &user, const QString &password);
@@ -44,4 +46,5 @@ private:
     QDialogButtonBox *m_buttons;
     QPushButton *m_logIn;
     bool m_busy = false;
+    bool m_edited = false;
 };

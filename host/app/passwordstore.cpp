@@ -22,12 +22,18 @@ void PasswordStore::look(const QString &user)
 {
     auto *job = new QKeychain::ReadPasswordJob(serviceName(), this);
     job->setKey(user);
-    connect(job, &QKeychain::Job::finished, this, [this, user, job] { Q_EMIT found(user, job->textData()); });
+    connect(job, &QKeychain::Job::finished, this, [this, user, job] {
+        m_known = {user, job->textData()};
+        Q_EMIT found(user, job->textData());
+    });
     job->start();
 }
 
 void PasswordStore::keep(const QString &user, const QString &password)
 {
+    if (m_known == qMakePair(user, password))
+        return;
+    m_known = {user, password};
     auto *job = new QKeychain::WritePasswordJob(serviceName(), this);
     job->setKey(user);
     job->setTextData(password);
@@ -36,6 +42,7 @@ void PasswordStore::keep(const QString &user, const QString &password)
 
 void PasswordStore::forget(const QString &user)
 {
+    m_known = {};
     auto *job = new QKeychain::DeletePasswordJob(serviceName(), this);
     job->setKey(user);
     job->start();

@@ -9,7 +9,6 @@
 
 #include <QCoreApplication>
 #include <QPixmap>
-#include <QTimer>
 
 #include <cstdlib>
 
@@ -18,18 +17,36 @@ namespace {
 // The panels are filled in the same turn as the login; this lets them lay themselves out and be painted.
 constexpr int settling = 400; // milliseconds
 
+// More than one request may take; whoever hands over the password may never do it, and a keyring never
+// answer.
+constexpr int patience = 60'000; // milliseconds
+
 } // namespace
 
-Picture::Picture(const QString &file, MainWindow *window, HServer *server, LoginController *login, QObject *parent)
+Picture::Picture(const QString &file, MainWindow *window, HServer *server, LoginController *login,
+                 QObject *parent)
     : QObject(parent)
     , m_file(file)
     , m_window(window)
 {
     connect(server, &HServer::stateChanged, this, [this](HServer::State state) {
-        if (state == HServer::Connected)
-            QTimer::singleShot(settling, this, &Picture::save);
+        if (state != HServer::Connected)
+            return;
+        m_patience.stop();
+        QTimer::singleShot(settling, this, &Picture::save);
     });
-    connect(login, &LoginController::loginFailed, this, &Picture::giveUp);
+    connect(login, &LoginController::loginFailed, this,
+            [this](const RequestFailure &failure) { giveUp(failure.sentence()); });
+    connect(login, &LoginController::accountUnknown, this,
+            [this] { giveUp(tr("No user name or no password is known.")); });
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, [this] { giveUp(tr("It took too long.")); });
+    setPatience(patience);
+}
+
+void Picture::setPatience(int milliseconds)
+{
+    m_patience.start(milliseconds);
 }
 
 void Picture::save()
@@ -40,8 +57,8 @@ void Picture::save()
     QCoreApplication::exit(saved ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
-void Picture::giveUp(const RequestFailure &failure)
+void Picture::giveUp(const QString &why)
 {
-    qCritical("The login failed: %s", qUtf8Printable(failure.sentence()));
+    qCritical("The login failed: %s", qUtf8Printable(why));
     QCoreApplication::exit(EXIT_FAILURE);
 }

@@ -4,23 +4,29 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 class HServer;
 class LoginController;
 class MainWindow;
-class RequestFailure;
 
 /// Saves one picture of the main window after the first login and ends the program; with an error when the
-/// login fails or the picture can not be saved. GUI thread.
+/// login fails, nobody is known to log in, the picture can not be saved or nothing of it happens in time. GUI
+/// thread.
 class Picture final : public QObject {
     Q_OBJECT
 public:
-    Picture(const QString &file, MainWindow *window, HServer *server, LoginController *login, QObject *parent);
+    Picture(const QString &file, MainWindow *window, HServer *server, LoginController *login,
+            QObject *parent);
+
+    /// Milliseconds from now until the program ends without a picture.
+    void setPatience(int milliseconds);
 
 private:
     void save();
-    void giveUp(const RequestFailure &failure);
+    void giveUp(const QString &why);
 
     const QString m_file;
     MainWindow *const m_window;
+    QTimer m_patience;
 };

@@ -110,7 +110,11 @@ void SettingsDialog::retranslate()
     if (!m_plugin)
         return;
     const Connector *connector = m_plugin->connector();
-    m_connectionsNote->setText(tr("Your account allows %1.").arg(connector->distributor()->maxConnectionsMax()));
+    const HNntpDistributor *distributor = connector->distributor();
+    m_connectionsNote->setText(distributor->isOpen()
+                                   ? tr("Your account allows %1.").arg(distributor->maxConnectionsMax())
+                                   : tr("What your account allows is known after the login."));
     const int interval = connector->autoSearch()->checkInterval();
-    m_search->setText(interval > 0 ? tr("every %1 minutes").arg((interval + 59) / 60) : tr("not yet known"));
+    m_search->setText(interval > 0 ? tr("every %1 minutes").arg(1 + (interval - 1) / 60)
+                                   : tr("not yet known"));
 }

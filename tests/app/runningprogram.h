@@ -29,11 +29,7 @@ public:
 
     /// As a person does in the dialog, which it opens when it is not there.
     void logIn(const QString &user, const QString &password);
-    template<typename T>
-    T *find(const char *name)
-    {
-        return window().findChild<T *>(QLatin1String(name));
-    }
+    template <typename T> T *find(const char *name) { return window().findChild<T *>(QLatin1String(name)); }
 
 private:
     QTemporaryDir m_profile;

@@ -4,6 +4,7 @@
 
 #include <halvora/connector.h>
 #include <halvora/connectorplugin.h>
+#include <halvora/hautosearchservice.h>
 #include <halvora/hlog.h>
 #include <halvora/linkopener.h>
 #include <halvora/localemanager.h>
@@ -25,7 +26,10 @@
 #include <QSettings>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QTcpServer>
 #include <QTest>
+
+#include <algorithm>
 
 class TestApplication : public QObject {
     Q_OBJECT
@@ -42,6 +46,14 @@ private Q_SLOTS:
     void aRefusedReplyIsToldInTheStatusBar();
     void withoutAServiceTheWindowSaysSo();
     void withoutPluginsTheWindowSaysSo();
+    void whatCouldNotBeLoadedIsStillToldAfterTheLogin();
+    void aSecondProviderIsLeftOut();
+    void aLinkIsNotPassedOverInSilence();
+    void aLoginRightAfterALogoutIsMade();
+    void aRetryWaitsForThePersonWhoTypes();
+    void aRememberedUserCanBeForgottenWithoutALogin();
+    void aLongUserNameDoesNotWidenTheWindow();
+    void theSettingsNameALimitOnlyWhenItIsKnown();
     void quittingWhileTheServiceStallsIsQuick();
     void callbacksComeOnceAndInTheirOrder();
     void theLanguageChangesWhileItRuns();
@@ -68,6 +80,18 @@ bool statusBarSays(MainWindow &window, const QString &text)
             return true;
     }
     return window.statusBar()->currentMessage().contains(text);
+}
+
+// As a login before did, at a time when the server was there.
+void rememberNewsServer(const RunningProgram &program, int port)
+{
+    QSettings settings(program.profile() + QStringLiteral("/halvora.ini"), QSettings::IniFormat);
+    settings.beginWriteArray(QStringLiteral("Account/NntpHosts"), 1);
+    settings.setArrayIndex(0);
+    settings.setValue(QStringLiteral("Host"), QStringLiteral("127.0.0.1"));
+    settings.setValue(QStringLiteral("Port"), port);
+    settings.setValue(QStringLiteral("Ssl"), false);
+    settings.endArray();
 }
 
 corvia::Fault fault(corvia::Fault::Kind kind, int number = 0)
@@ -200,14 +224,7 @@ void TestApplication::aLostServiceIsTriedAgainUntilItIsBack()
 void TestApplication::hostsThatNobodyAnswersAtDoNotLockTheUserOut()
 {
     RunningProgram program;
-    {
-        QSettings settings(program.profile() + QStringLiteral("/halvora.ini"), QSettings::IniFormat);
-        settings.beginWriteArray(QStringLiteral("Account/NntpHosts"), 1);
-        settings.setArrayIndex(0);
-        settings.setValue(QStringLiteral("Host"), QStringLiteral("127.0.0.1"));
-        settings.setValue(QStringLiteral("Port"), 1);
-        settings.endArray();
-    }
+    rememberNewsServer(program, 1);
     program.open();
     program.application().login()->setFirstPause(10);
     program.logIn(demo(), rightPassword());
@@ -271,6 +288,145 @@ void TestApplication::withoutPluginsTheWindowSaysSo()
     program.close();
 }
 
+void TestApplication::whatCouldNotBeLoadedIsStillToldAfterTheLogin()
+{
+    const QTemporaryDir folder;
+    const QString module = QStringLiteral("/pinegate.so");
+    QVERIFY(QFile::copy(QStringLiteral(PLUGIN_DIRECTORY) + module, folder.path() + module));
+    for (const char *name : {"/broken.so", "/torn.so"}) {
+        QFile file(folder.path() + QLatin1String(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    RunningProgram program;
+    program.open(folder.path());
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    QVERIFY(statusBarSays(program.window(), QStringLiteral("broken.so")));
+    QVERIFY(statusBarSays(program.window(), QStringLiteral("torn.so")));
+    program.close();
+}
+
+void TestApplication::aSecondProviderIsLeftOut()
+{
+    const QTemporaryDir folder;
+    const QString module = QStringLiteral(PLUGIN_DIRECTORY "/pinegate.so");
+    QVERIFY(QFile::copy(module, folder.path() + QStringLiteral("/one.so")));
+    QVERIFY(QFile::copy(module, folder.path() + QStringLiteral("/two.so")));
+    RunningProgram program;
+    program.open(folder.path());
+    QVERIFY(statusBarSays(program.window(), QStringLiteral("The plug-in two.so was left out")));
+    QCOMPARE(program.window().findChildren<QDockWidget *>().size(), 1);
+    QCOMPARE(program.application().connectorPlugin()->configName(), QStringLiteral("one"));
+    program.close();
+}
+
+void TestApplication::aLinkIsNotPassedOverInSilence()
+{
+    const QTemporaryDir profile;
+    Options options;
+    options.profile = profile.path();
+    options.pluginDirectory = QStringLiteral(PLUGIN_DIRECTORY);
+    options.link = QStringLiteral("pinegate://details?filegroup=abc");
+    Application application(options);
+    application.start();
+    QVERIFY(statusBarSays(*application.window(), QStringLiteral("can not open links")));
+}
+
+void TestApplication::aLoginRightAfterALogoutIsMade()
+{
+    RunningProgram program;
+    // The worker looks up from a news server that says nothing only now and then.
+    QTcpServer silent;
+    QVERIFY(silent.listen(QHostAddress::LocalHost));
+    rememberNewsServer(program, silent.serverPort());
+    program.open();
+    program.application().login()->start(demo(), rightPassword());
+    QTRY_VERIFY(silent.hasPendingConnections());
+    Q_EMIT program.window().logoutRequested();
+    program.application().login()->start(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+}
+
+void TestApplication::aRetryWaitsForThePersonWhoTypes()
+{
+    RunningProgram program;
+    program.open();
+    program.application().login()->setFirstPause(0); // a retry in each turn of the event loop
+    program.service().setFault(fault(corvia::Fault::Kind::Close));
+    const auto type = [&program](HServer::State state) {
+        if (state == HServer::ServiceLost)
+            QTest::keyClicks(program.find<QLineEdit>("password"), QStringLiteral("s"));
+    };
+    const auto typing = connect(&program.server(), &HServer::stateChanged, this, type);
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::ServiceLost);
+    program.service().setFault(fault(corvia::Fault::Kind::None));
+    for (int turn = 0; turn < 20; ++turn) {
+        QCoreApplication::processEvents();
+        QCOMPARE(program.server().connectorState(), HServer::ServiceLost);
+    }
+    QCOMPARE(program.find<QLineEdit>("password")->text(), rightPassword() + QLatin1Char('s'));
+    disconnect(typing);
+    program.find<QDialog>("LoginDialog")->reject();
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+}
+
+void TestApplication::aRememberedUserCanBeForgottenWithoutALogin()
+{
+    RunningProgram program;
+    program.open();
+    auto *logout = program.find<QAction>("halvora.logout");
+    QVERIFY(!logout->isEnabled());
+    program.logIn(demo(), QStringLiteral("wrong"));
+    QTRY_VERIFY(program.find<QLabel>("failure")->isVisible());
+    QCOMPARE(program.server().connectorState(), HServer::Disconnected);
+    QVERIFY(logout->isEnabled());
+    logout->trigger();
+    QVERIFY(program.application().connectorPlugin()->connector()->username().isEmpty());
+    QVERIFY(!logout->isEnabled());
+    program.close();
+}
+
+void TestApplication::aLongUserNameDoesNotWidenTheWindow()
+{
+    RunningProgram program;
+    program.open();
+    const int before = program.window().minimumSizeHint().width();
+    const QString longName(5000, QLatin1Char('x'));
+    Connector *connector = program.application().connectorPlugin()->connector();
+    connector->setAccount(longName, rightPassword());
+    connector->server()->logIn(QStringLiteral("session"));
+    QCOMPARE(program.server().connectorState(), HServer::Connected);
+    QCoreApplication::processEvents();
+    QVERIFY(program.window().minimumSizeHint().width() <= qMax(before, 1000));
+    program.close();
+}
+
+void TestApplication::theSettingsNameALimitOnlyWhenItIsKnown()
+{
+    RunningProgram program;
+    program.open();
+    const auto allows = [&program](const QString &text) {
+        Q_EMIT program.window().settingsRequested();
+        auto *dialog = program.find<QDialog>("SettingsDialog");
+        const QList<QLabel *> labels = dialog->findChildren<QLabel *>();
+        const bool found = std::any_of(labels.cbegin(), labels.cend(),
+                                       [&text](const QLabel *label) { return label->text().contains(text); });
+        delete dialog;
+        return found;
+    };
+    QVERIFY(!allows(QStringLiteral("Your account allows")));
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    QVERIFY(allows(QStringLiteral("Your account allows 20.")));
+    // The largest number that a service can tell.
+    program.application().connectorPlugin()->connector()->autoSearch()->setCheckInterval(2'147'483'647);
+    QVERIFY(allows(QStringLiteral("every 35791395 minutes")));
+    program.close();
+}
+
 void TestApplication::quittingWhileTheServiceStallsIsQuick()
 {
     RunningProgram program;
@@ -291,8 +447,10 @@ void TestApplication::callbacksComeOnceAndInTheirOrder()
     program.open(QStringLiteral(GOOD_PLUGIN_DIRECTORY));
     QObject *plugin = PluginLoader::load(QStringLiteral(GOOD_PLUGIN)).instance;
     const auto calls = [plugin] { return plugin->property("calls").toStringList(); };
-    QStringList expected{QStringLiteral("create"),             QStringLiteral("init"),
-                         QStringLiteral("polish"),             QStringLiteral("onApplicationStart"),
+    QStringList expected{QStringLiteral("create"),
+                         QStringLiteral("init"),
+                         QStringLiteral("polish"),
+                         QStringLiteral("onApplicationStart"),
                          QStringLiteral("onJobControllerRestore"),
                          QStringLiteral("onApplicationStartFinished")};
     QCOMPARE(calls(), expected);
@@ -312,8 +470,25 @@ void TestApplication::theLanguageChangesWhileItRuns()
     QVERIFY(locale->setLanguage(QStringLiteral("eo")));
     QTRY_COMPARE(program.find<QDockWidget>("InfoToolWidget")->windowTitle(), QStringLiteral("Via konto"));
     QCOMPARE(program.application().connectorPlugin()->aboutAction()->text(), QStringLiteral("Pri"));
+    QTRY_COMPARE(program.find<QMenu>("halvora.helpMenu")->title(), QStringLiteral("&Helpo"));
+    QCOMPARE(program.find<QAction>("halvora.settings")->text(), QStringLiteral("&Agordoj…"));
+    QVERIFY(statusBarSays(program.window(), QStringLiteral("Ensalutinta kiel demo – kontoservo localhost")));
+    const auto homeSays = [&program](const QString &text) {
+        const QList<QLabel *> labels = program.window().centralWidget()->findChildren<QLabel *>();
+        return std::any_of(labels.cbegin(), labels.cend(),
+                           [&text](const QLabel *label) { return label->text().startsWith(text); });
+    };
+    QVERIFY(homeSays(QStringLiteral("Ensalutinta kiel demo")));
+    QVERIFY(homeSays(QStringLiteral("Novaĵserviloj: ")));
+    Q_EMIT program.window().settingsRequested();
+    QCOMPARE(program.find<QDialog>("SettingsDialog")->windowTitle(), QStringLiteral("Agordoj"));
+    delete program.find<QDialog>("SettingsDialog");
+    Q_EMIT program.window().loginRequested();
+    QCOMPARE(program.find<QDialog>("LoginDialog")->windowTitle(), QStringLiteral("Ensaluti"));
     QVERIFY(locale->setLanguage(QStringLiteral("en")));
     QTRY_COMPARE(program.find<QDockWidget>("InfoToolWidget")->windowTitle(), QStringLiteral("Your Account"));
+    QTRY_COMPARE(program.find<QDialog>("LoginDialog")->windowTitle(), QStringLiteral("Log In"));
+    QVERIFY(statusBarSays(program.window(), QStringLiteral("Logged in as demo – account service localhost")));
     program.close();
 }
 

@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 class TestCommandLine : public QObject {
@@ -15,6 +16,9 @@ private Q_SLOTS:
     void helpNamesNoWayToGiveAPassword();
     void whatIsWrongIsToldInASentence_data();
     void whatIsWrongIsToldInASentence();
+    void aDescriptorMustHaveBeenHandedOver();
+    void aDescriptorForWritingIsRefused();
+    void thePasswordsDescriptorIsHandedToNoOtherProgram();
     void aServiceHasAHostAndAPort_data();
     void aServiceHasAHostAndAPort();
 };
@@ -77,9 +81,10 @@ void TestCommandLine::helpNamesNoWayToGiveAPassword()
 {
     Options options;
     QString text;
-    QCOMPARE(CommandLine::parse({QStringLiteral("halvora"), QStringLiteral("--password"), QStringLiteral("x")},
-                                options, text),
-             CommandLine::Misused);
+    QCOMPARE(
+        CommandLine::parse({QStringLiteral("halvora"), QStringLiteral("--password"), QStringLiteral("x")},
+                           options, text),
+        CommandLine::Misused);
 }
 
 void TestCommandLine::whatIsWrongIsToldInASentence_data()
@@ -104,6 +109,43 @@ void TestCommandLine::whatIsWrongIsToldInASentence()
     QString text;
     QCOMPARE(CommandLine::parse(arguments, options, text), CommandLine::Misused);
     QVERIFY2(text.size() > 10 && text.endsWith(QLatin1Char('.')), qPrintable(text));
+}
+
+namespace {
+
+CommandLine::Result parseDescriptor(int descriptor)
+{
+    Options options;
+    QString text;
+    return CommandLine::parse(
+        {QStringLiteral("halvora"), QStringLiteral("--password-fd"), QString::number(descriptor)}, options,
+        text);
+}
+
+} // namespace
+
+// Qt opens some of its own before the options are read.
+void TestCommandLine::aDescriptorMustHaveBeenHandedOver()
+{
+    const int own = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    QCOMPARE(parseDescriptor(own), CommandLine::Misused);
+    ::close(own);
+}
+
+void TestCommandLine::aDescriptorForWritingIsRefused()
+{
+    const int output = ::open("/dev/null", O_WRONLY);
+    QCOMPARE(parseDescriptor(output), CommandLine::Misused);
+    ::close(output);
+}
+
+void TestCommandLine::thePasswordsDescriptorIsHandedToNoOtherProgram()
+{
+    const int input = ::open("/dev/null", O_RDONLY);
+    QVERIFY(input > STDERR_FILENO);
+    QCOMPARE(parseDescriptor(input), CommandLine::Run);
+    QVERIFY((::fcntl(input, F_GETFD) & FD_CLOEXEC) != 0);
+    ::close(input);
 }
 
 void TestCommandLine::aServiceHasAHostAndAPort_data()
@@ -135,8 +177,8 @@ void TestCommandLine::aServiceHasAHostAndAPort()
     QFETCH(int, port);
     Options options;
     QString text;
-    const auto result = CommandLine::parse({QStringLiteral("halvora"), QStringLiteral("--account-service"), value},
-                                           options, text);
+    const auto result = CommandLine::parse(
+        {QStringLiteral("halvora"), QStringLiteral("--account-service"), value}, options, text);
     QCOMPARE(result, host.isEmpty() ? CommandLine::Misused : CommandLine::Run);
     if (result != CommandLine::Run)
         return;

@@ -80,8 +80,9 @@ void TestHeartbeat::theWindowAnswersWhateverTheServiceDoes_data()
     QTest::newRow("nests") << fault(Kind::Body, 0, repeated("<a>", 1'000'000));
     QTest::newRow("attributes") << fault(Kind::Body, 0, "<reply" + repeated(" a='1'", 40'000) + "/>");
     QTest::newRow("entities") << fault(Kind::Body, 0,
-                                       "<!DOCTYPE r [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '" + repeated("&a;", 1000)
-                                           + "'>]><reply>" + repeated("&b;", 1000) + "</reply>");
+                                       "<!DOCTYPE r [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '" +
+                                           repeated("&a;", 1000) + "'>]><reply>" + repeated("&b;", 1000) +
+                                           "</reply>");
     QTest::newRow("closes") << fault(Kind::Close, 0);
 }
 
@@ -97,7 +98,7 @@ void TestHeartbeat::theWindowAnswersWhateverTheServiceDoes()
     QCOMPARE(program.server().connectorState(), HServer::Connecting);
     QTRY_VERIFY_WITH_TIMEOUT(program.server().connectorState() != HServer::Connecting, 20'000);
     QTRY_VERIFY(heartbeat.beats() > 0);
-    qInfo("longest gap %lld ms in %d beats", heartbeat.longestGap(), heartbeat.beats());
+    qInfo("longest gap %.1f ms in %d beats", heartbeat.longestGap(), heartbeat.beats());
     const bool good = whatHappens.kind == corvia::Fault::Kind::None;
     QCOMPARE(program.server().connectorState(), good ? HServer::Connected : HServer::ServiceLost);
     program.close();
@@ -114,7 +115,7 @@ void TestHeartbeat::theWindowAnswersWhileNewsServersHang()
     const QSignalSpy failed(&program.server(), &HServer::requestFailed);
     program.logIn(QStringLiteral("demo"), QStringLiteral("pinegate"));
     QTRY_COMPARE_WITH_TIMEOUT(failed.count(), 1, 20'000);
-    qInfo("longest gap %lld ms in %d beats", heartbeat.longestGap(), heartbeat.beats());
+    qInfo("longest gap %.1f ms in %d beats", heartbeat.longestGap(), heartbeat.beats());
     QVERIFY(heartbeat.beats() > 0);
     QVERIFY(program.service().requests().empty());
     program.close();

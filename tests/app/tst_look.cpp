@@ -18,8 +18,8 @@
 
 #include <cmath>
 
-/// Shows the program's windows as people see them, in a light and a dark palette and at the scale of this run,
-/// keeps the pictures beside the build and sees that every text stands out from what is behind it.
+/// Shows the program's windows as people see them, in a light and a dark palette and at the scale of this
+/// run, keeps the pictures beside the build and sees that every text stands out from what is behind it.
 class TestLook : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -46,7 +46,9 @@ QPalette darkPalette()
 // The relative luminance and contrast of WCAG 2.1.
 double luminance(const QColor &color)
 {
-    const auto linear = [](double part) { return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 

@@ -20,7 +20,10 @@ private Q_SLOTS:
     void whatNeverEndsIsNoPassword();
 
 private:
-    void say(const QByteArray &bytes) { QCOMPARE(::write(m_ends[1], bytes.constData(), size_t(bytes.size())), ssize_t(bytes.size())); }
+    void say(const QByteArray &bytes)
+    {
+        QCOMPARE(::write(m_ends[1], bytes.constData(), size_t(bytes.size())), ssize_t(bytes.size()));
+    }
     void hangUp()
     {
         ::close(m_ends[1]);

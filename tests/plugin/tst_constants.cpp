@@ -42,18 +42,71 @@ void TestConstants::wordsAreSpelledAsAgreed_data()
         QTest::newRow(expected) << word << QString::fromLatin1(expected);
     };
     row(constants::productName, "Pinegate");
+    row(constants::linkScheme, "pinegate");
     row(constants::productFileDescription, "Pinegate File");
     row(constants::productTag, "PG");
     row(constants::linkControlPanel, "control.panel");
+    row(constants::linkHelp, "help");
+    row(constants::linkHelpQuery, "help.query");
+    row(constants::linkVlcInstaller, "vlc.installer");
+    row(constants::linkHome, "home");
+    row(constants::linkSignup, "signup");
+    row(constants::linkSupport, "support");
+    row(constants::linkLostPassword, "lost.password");
+    row(constants::linkCustomerCenter, "customer.center");
+    row(constants::linkFirstLaunch, "first.launch");
     row(constants::bookmarkManagerName, "CVBookmarkManager");
     row(constants::bookmarksPrivateDataName, "PDCVBookmarks");
     row(constants::bookmarkMimeType, "application/x-corvia.bookmark");
     row(constants::bookmarkColumns,
         "bookmark_id, parent_id, bookmark_name, bookmark_newsgroup, bookmark_color, bookmark_expanded, "
         "bookmark_order");
+    row(constants::jobNzbGuid, "NzbGuid");
+    row(constants::jobNzbLink, "NzbLink");
+    row(constants::jobNzbPoster, "NzbPoster");
+    row(constants::jobNzbNewsgroups, "NzbNewsgroups");
+    row(constants::jobNzbMinDateTime, "NzbMinDateTime");
+    row(constants::jobNzbMaxDateTime, "NzbMaxDateTime");
+    row(constants::jobHash16k, "Hash16k");
+    row(constants::jobArticleId, "ArticleId");
+    row(constants::jobId, "id");
+    row(constants::jobFiles, "files");
+    row(constants::jobSize, "size");
+    row(constants::jobAuto, "auto");
+    row(constants::jobTabKey, "tab_key");
     row(constants::settingDeleteFolderOnExit, "DeleteFolderOnExit");
+    row(constants::settingDeleteInvalidated, "DeleteInvalidated");
+    row(constants::settingShowDisclaimer, "ShowDisclaimer");
+    row(constants::settingAutoSearch, "AutoSearch");
     row(constants::settingPrivateAutoSearches, "PDAutoSearches");
+    row(constants::settingConnector, "ConnectorSettings");
+    row(constants::settingLimitEnabled, "LimitEnabled");
+    row(constants::settingLimitInterval, "LimitInterval");
+    row(constants::settingLimitMaxBytes, "LimitMaxBytes");
+    row(constants::settingLimitCurrentBytes, "LimitCurrentBytes");
+    row(constants::settingLastLimitUpdate, "LastLimitUpdate");
+    row(constants::propertyUid, "__hv_r_uid");
+    row(constants::propertyFileGroup, "__hv_fg");
+    row(constants::propertyFileGroupId, "__hv_fg_id");
+    row(constants::propertyFileGroupIndexId, "__hv_fg_idx_id");
+    row(constants::propertyFileGroupFiles, "__hv_fg_files");
+    row(constants::propertyFileGroupPreview, "__hv_fg_preview");
     row(constants::propertyFileGroupAutomaticPreview, "__hv_fg_automatic_preview");
+    row(constants::propertyFileId, "__hv_f_id");
+    row(constants::fieldTitle, "title");
+    row(constants::fieldPoster, "poster");
+    row(constants::fieldTimestamp, "timestamp");
+    row(constants::fieldNewsgroup, "newsgroup");
+    row(constants::fieldMediaCategory, "mediaCategory");
+    row(constants::fieldLanguage, "language");
+    row(constants::fieldRating, "rating");
+    row(constants::fieldComments, "comments");
+    row(constants::fieldPreview, "preview");
+    row(constants::fieldNfo, "nfo");
+    row(constants::fieldPixels, "pixels");
+    QTest::newRow("size of a field") << constants::fieldSize << QStringLiteral("size");
+    row(constants::panelDownload, "Download");
+    row(constants::panelInfo, "Info");
     row(constants::videoExtensions, "avi|mkv|divx|xvid|mpg|mpeg|wmv|mov|ogm|ogv|ogg|flv|mp4");
     row(constants::audioExtensions, "wma|mp3|wav|oga");
     row(constants::imageExtensions, "jpg|jpeg|png|gif|bmp|tif|tiff");
@@ -71,10 +124,10 @@ void TestConstants::wordsAreSpelledAsAgreed()
 
 void TestConstants::patternsAreComposedOfTheirPieces()
 {
-    QCOMPARE(constants::imageFilePattern,
-             QStringLiteral("\\.(jpg|jpeg|png|gif|bmp|tif|tiff)([\"' ]|$)"));
-    QCOMPARE(constants::sampleFilePattern,
-             QStringLiteral("(.*)(^|\\W)sample(.*)\\.(avi|mkv|divx|xvid|mpg|mpeg|wmv|mov|ogm|ogv|ogg|flv|mp4)$"));
+    QCOMPARE(constants::imageFilePattern, QStringLiteral("\\.(jpg|jpeg|png|gif|bmp|tif|tiff)([\"' ]|$)"));
+    QCOMPARE(
+        constants::sampleFilePattern,
+        QStringLiteral("(.*)(^|\\W)sample(.*)\\.(avi|mkv|divx|xvid|mpg|mpeg|wmv|mov|ogm|ogv|ogg|flv|mp4)$"));
 }
 
 void TestConstants::patternsMatchWhatTheyAreFor_data()

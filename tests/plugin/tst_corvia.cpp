@@ -32,13 +32,16 @@ namespace {
 /// Answers as it is told and writes down what it is asked.
 class SettablePlatform final : public PlatformManager {
 public:
-    bool systemAnswer = false;
+    bool schemeAnswer = false;
+    bool typeAnswer = false;
     QStringList *calls = nullptr;
+    const StorageManager *storage = nullptr;
+    QString folder; ///< for downloads, when the types were registered
 
     bool registerProtocolForSystem(const QString &scheme, const QString &title) override
     {
         calls->append(QStringLiteral("protocol system %1 %2").arg(scheme, title));
-        return systemAnswer;
+        return schemeAnswer;
     }
     bool registerProtocolForUser(const QString &scheme, const QString &title) override
     {
@@ -49,7 +52,8 @@ public:
                                     const QList<FileType> &types) override
     {
         calls->append(QStringLiteral("type system ") + text(description, title, types));
-        return systemAnswer;
+        folder = storage->downloadFolder();
+        return typeAnswer;
     }
     bool registerFileTypesForUser(const QString &description, const QString &title,
                                   const QList<FileType> &types) override
@@ -80,8 +84,11 @@ private Q_SLOTS:
     void createMakesTheConnectorPluginAndGivesItAway();
     void createSetsTheLookOfTheHost();
     void createInstallsTheOneContext();
+    void theRecordOfTheAccountIsKnownByItsName();
     void systemWideRegistrationSparesTheUsers();
     void withoutSystemWideRegistrationTheUsersFollowsEach();
+    void schemeAndTypeAreJudgedEachForItself_data();
+    void schemeAndTypeAreJudgedEachForItself();
     void theDownloadFolderAndTheLanguageAreSet();
     void thePluginsAreRegisteredInOrderAfterTheConnectorsInit();
     void theStatsPluginWritesUnderTheConfigurationsName();
@@ -109,6 +116,7 @@ void TestCorvia::init()
     auto platform = std::make_unique<SettablePlatform>();
     m_platform = platform.get();
     m_platform->calls = &m_calls;
+    m_platform->storage = m_core->storage();
     m_core->setPlatform(std::move(platform));
     m_core->setProviderName(QStringLiteral("pinegate"));
     m_root = std::make_unique<Corvia>();
@@ -159,9 +167,16 @@ void TestCorvia::createInstallsTheOneContext()
     QCOMPARE(HContextHolder::context(), static_cast<HContext *>(CVContext::instance()));
 }
 
+// Nothing else in this program registers it.
+void TestCorvia::theRecordOfTheAccountIsKnownByItsName()
+{
+    QVERIFY(QMetaType::type("CVAccountStatus") != QMetaType::UnknownType);
+}
+
 void TestCorvia::systemWideRegistrationSparesTheUsers()
 {
-    m_platform->systemAnswer = true;
+    m_platform->schemeAnswer = true;
+    m_platform->typeAnswer = true;
     m_root->init(m_benchmark);
     const QStringList expected{QStringLiteral("protocol system pinegate Halvora"),
                                QStringLiteral("type system Pinegate File|Halvora|nzb|application/x-nzb")};
@@ -179,6 +194,25 @@ void TestCorvia::withoutSystemWideRegistrationTheUsersFollowsEach()
     QCOMPARE(m_core->plugin()->plugins().size(), 5); // the start went on
 }
 
+void TestCorvia::schemeAndTypeAreJudgedEachForItself_data()
+{
+    QTest::addColumn<bool>("scheme");
+    QTest::addColumn<bool>("type");
+    QTest::newRow("only the scheme is known") << true << false;
+    QTest::newRow("only the type is known") << false << true;
+}
+
+void TestCorvia::schemeAndTypeAreJudgedEachForItself()
+{
+    QFETCH(bool, scheme);
+    QFETCH(bool, type);
+    m_platform->schemeAnswer = scheme;
+    m_platform->typeAnswer = type;
+    m_root->init(m_benchmark);
+    QCOMPARE(m_calls.filter(QStringLiteral("protocol user")).isEmpty(), scheme);
+    QCOMPARE(m_calls.filter(QStringLiteral("type user")).isEmpty(), type);
+}
+
 void TestCorvia::theDownloadFolderAndTheLanguageAreSet()
 {
     m_root->init(m_benchmark);
@@ -192,8 +226,12 @@ void TestCorvia::thePluginsAreRegisteredInOrderAfterTheConnectorsInit()
     connect(m_core.get(), &Core::errorReportVisibleChanged, this, [&registered, this](bool visible) {
         QVERIFY(visible);
         registered = m_core->plugin()->plugins().size();
+        QCOMPARE(m_calls.size(), 4);
+        QVERIFY(m_core->storage()->downloadFolder().endsWith(QLatin1String("/Pinegate")));
+        QCOMPARE(m_root->language(), m_core->locale()->currentLanguage());
     });
     m_root->init(m_benchmark);
+    QVERIFY(!m_platform->folder.endsWith(QLatin1String("/Pinegate"))); // which is named afterwards
     QCOMPARE(registered, 0); // the connector's init had its say before any of them was made
 
     const QList<IPlugin *> plugins = m_core->plugin()->plugins();

@@ -72,9 +72,11 @@ void TestCVAccountStatus::aNullElementOnlyClearsTheNullFlag()
 
 void TestCVAccountStatus::aWholeReplyIsRead()
 {
-    const CVAccountStatus status = parsed(QStringLiteral(
-        "<status supported='true' next-update-millis='300000'><plan name='Unlimited'/><nntp max-connections='20' "
-        "billing-bytes='52291226829' mtd-bytes='33500744909' usage-updated-timestamp='1763654400000'/></status>"));
+    const CVAccountStatus status =
+        parsed(QStringLiteral("<status supported='true' next-update-millis='300000'><plan "
+                              "name='Unlimited'/><nntp max-connections='20' "
+                              "billing-bytes='52291226829' mtd-bytes='33500744909' "
+                              "usage-updated-timestamp='1763654400000'/></status>"));
     QVERIFY(!status.isEmpty());
     QVERIFY(status.supported());
     QCOMPARE(status.nextUpdateMillis(), 300000);
@@ -110,7 +112,8 @@ void TestCVAccountStatus::nextUpdateIsZeroWhenMissingAndMinusOneWhenMalformed_da
     QTest::addColumn<QString>("xml");
     QTest::addColumn<int>("millis");
     const auto row = [](const char *text, int millis) {
-        QTest::newRow(text) << QStringLiteral("<status next-update-millis='%1'/>").arg(QLatin1String(text)) << millis;
+        QTest::newRow(text) << QStringLiteral("<status next-update-millis='%1'/>").arg(QLatin1String(text))
+                            << millis;
     };
     QTest::newRow("absent") << QStringLiteral("<status/>") << 0;
     row("300000", 300000);
@@ -141,8 +144,10 @@ void TestCVAccountStatus::figuresFollowTheirOwnRules_data()
     QTest::addColumn<qint64>("billing");
     QTest::addColumn<qint64>("mtd");
     QTest::addColumn<qint64>("timestamp");
-    const auto row = [](const char *attributes, int connections, qint64 billing, qint64 mtd, qint64 timestamp) {
-        QTest::newRow(attributes) << QString::fromLatin1(attributes) << connections << billing << mtd << timestamp;
+    const auto row = [](const char *attributes, int connections, qint64 billing, qint64 mtd,
+                        qint64 timestamp) {
+        QTest::newRow(attributes) << QString::fromLatin1(attributes) << connections << billing << mtd
+                                  << timestamp;
     };
     row("", -1, 0, 0, 0);
     row("max-connections='x' billing-bytes='x' mtd-bytes='x' usage-updated-timestamp='x'", -1, -1, -1, 0);
@@ -155,6 +160,16 @@ void TestCVAccountStatus::figuresFollowTheirOwnRules_data()
     row("billing-bytes='9223372036854775808'", -1, -1, 0, 0);
     row("mtd-bytes='-1'", -1, 0, -1, 0);
     row("usage-updated-timestamp='1763654400000'", -1, 0, 0, Q_INT64_C(1763654400000));
+    row("usage-updated-timestamp='9223372036854775808'", -1, 0, 0, 0);
+    row("max-connections='0x10' billing-bytes='0x10' mtd-bytes='0x10' usage-updated-timestamp='0x10'", -1, -1,
+        -1, 0);
+    row("max-connections='010' billing-bytes='010' mtd-bytes='010' usage-updated-timestamp='010'", 10, 10, 10,
+        10);
+    row("max-connections=' +7 ' billing-bytes=' +7 ' mtd-bytes=' +7 ' usage-updated-timestamp=' +7 '", 7, 7,
+        7, 7);
+    row("max-connections='1.5' billing-bytes='1.5' mtd-bytes='1.5' usage-updated-timestamp='1.5'", -1, -1, -1,
+        0);
+    row("billing-bytes='1' mtd-bytes='2'", -1, 1, 2, 0);
 }
 
 void TestCVAccountStatus::figuresFollowTheirOwnRules()
@@ -219,7 +234,8 @@ void TestCVAccountStatus::theRecordIsEmptyWhenAnyEssentialIsMissing()
 
 void TestCVAccountStatus::reparsingACopyLeavesTheOtherUnchanged()
 {
-    const CVAccountStatus first = parsed(QStringLiteral("<status supported='true'><plan name='first'/></status>"));
+    const CVAccountStatus first =
+        parsed(QStringLiteral("<status supported='true'><plan name='first'/></status>"));
     CVAccountStatus second = first;
     QDomDocument document;
     document.setContent(QStringLiteral("<status><plan name='second'/></status>"));

@@ -12,10 +12,13 @@
 
 #include <QAction>
 #include <QFile>
+#include <QLabel>
 #include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTranslator>
+
+#include <algorithm>
 
 namespace {
 
@@ -24,6 +27,14 @@ class OtherScheme final : public CVConnectorPlugin {
 public:
     using CVConnectorPlugin::CVConnectorPlugin;
     QString urlScheme() const override { return QStringLiteral("other"); }
+};
+
+/// Keeps what it is to open.
+class KeepingPlugin final : public CVConnectorPlugin {
+public:
+    using CVConnectorPlugin::CVConnectorPlugin;
+    QStringList links;
+    void openUrl(const UrlInfo &url) override { links.append(url.url().toString()); }
 };
 
 /// Puts a text of its own where "About" stands in the class's context.
@@ -36,6 +47,15 @@ public:
     }
     bool isEmpty() const override { return false; }
 };
+
+bool showsTheProgramsPicture(const QWidget &dialog)
+{
+    const QPixmap expected = hRetinaPixmap3(QStringLiteral(":/app/icon/%1x%1.png"), 128, true);
+    const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
+    return !expected.isNull() && std::any_of(labels.begin(), labels.end(), [&expected](const QLabel *label) {
+        return label->pixmap(Qt::ReturnByValue).toImage() == expected.toImage();
+    });
+}
 
 } // namespace
 
@@ -50,7 +70,6 @@ private Q_SLOTS:
     void defaultsAreTheHosts();
     void initShowsTheErrorReport();
     void theBannerComesFromTheDrawing();
-    void withoutTheDrawingTheBannerComesFromThePicture();
     void aDetailsLinkNamesTheFileGroup_data();
     void aDetailsLinkNamesTheFileGroup();
     void aDetailsLinkAsksForTheSchemeVirtually();
@@ -58,6 +77,7 @@ private Q_SLOTS:
     void theAboutTextIsTranslatedInItsContext();
     void aboutTwiceShowsTheSameDialogAndAfterClosingANewOne();
     void theControlPanelOpensOnlyWhenTheHostKnowsIt();
+    void theControlPanelIsOpenedByWhoeverOpensLinks();
 
 private:
     std::unique_ptr<QTemporaryDir> m_profile;
@@ -132,15 +152,6 @@ void TestCVConnectorAnswers::theBannerComesFromTheDrawing()
     QCOMPARE(banner.size() / banner.devicePixelRatio(), QSize(450, 100));
 }
 
-// The pictures stand by for a build without the drawing.
-void TestCVConnectorAnswers::withoutTheDrawingTheBannerComesFromThePicture()
-{
-    QVERIFY(QFile::exists(QStringLiteral(":/corvia/images/login100.png")));
-    QVERIFY(QFile::exists(QStringLiteral(":/corvia/images/login200.png")));
-    const QPixmap banner = hRetinaPixmap3(QStringLiteral(":/corvia/images/login%1.png"), 100, true);
-    QCOMPARE(banner.size() / banner.devicePixelRatio(), QSize(450, 100));
-}
-
 void TestCVConnectorAnswers::aDetailsLinkNamesTheFileGroup_data()
 {
     QTest::addColumn<QString>("id");
@@ -158,7 +169,8 @@ void TestCVConnectorAnswers::aDetailsLinkNamesTheFileGroup()
 void TestCVConnectorAnswers::aDetailsLinkAsksForTheSchemeVirtually()
 {
     const OtherScheme other(m_core.get());
-    QCOMPARE(other.detailsUrl(HStorageId(QStringLiteral("abc"))), QStringLiteral("other://details?filegroup=abc"));
+    QCOMPARE(other.detailsUrl(HStorageId(QStringLiteral("abc"))),
+             QStringLiteral("other://details?filegroup=abc"));
 }
 
 void TestCVConnectorAnswers::theAboutActionHasNoTextBeforeTheFirstTranslation()
@@ -184,6 +196,7 @@ void TestCVConnectorAnswers::aboutTwiceShowsTheSameDialogAndAfterClosingANewOne(
     QVERIFY(first);
     QVERIFY(first->isVisible());
     QVERIFY(first->testAttribute(Qt::WA_DeleteOnClose));
+    QVERIFY(showsTheProgramsPicture(*first));
     first->hide();
     m_plugin->aboutAction()->trigger();
     QCOMPARE(m_window->findChildren<HAboutDialog *>().size(), 1);
@@ -204,9 +217,21 @@ void TestCVConnectorAnswers::theControlPanelOpensOnlyWhenTheHostKnowsIt()
     });
     m_plugin->showControlPanel();
     QVERIFY(opened.isEmpty());
-    m_core->setUrls({{QStringLiteral("control.panel"), UrlInfo(QUrl(QStringLiteral("https://my.corvia.example/")))}});
+    m_core->setUrls(
+        {{QStringLiteral("control.panel"), UrlInfo(QUrl(QStringLiteral("https://my.corvia.example/")))}});
     m_plugin->showControlPanel();
     QCOMPARE(opened, QStringList{QStringLiteral("https://my.corvia.example/")});
+}
+
+void TestCVConnectorAnswers::theControlPanelIsOpenedByWhoeverOpensLinks()
+{
+    KeepingPlugin plugin(m_core.get());
+    plugin.showControlPanel();
+    QVERIFY(plugin.links.isEmpty());
+    m_core->setUrls(
+        {{QStringLiteral("control.panel"), UrlInfo(QUrl(QStringLiteral("https://my.corvia.example/")))}});
+    plugin.showControlPanel();
+    QCOMPARE(plugin.links, QStringList{QStringLiteral("https://my.corvia.example/")});
 }
 
 QTEST_MAIN(TestCVConnectorAnswers)

@@ -14,11 +14,14 @@
 #include <halvora/mainwindow.h>
 #include <halvora/pluginmanager.h>
 #include <halvora/statsplugin.h>
+#include <halvora/trafficmeter.h>
 
+#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QDockWidget>
 #include <QLabel>
 #include <QSignalSpy>
+#include <QStackedWidget>
 #include <QTest>
 #include <QTimer>
 
@@ -32,12 +35,47 @@ public:
     bool isAllowedToSend(bool serverReady, bool) const override { return serverReady; }
 };
 
+constexpr int fiveMinutes = 300'000;
+
+/// The one-shots of five minutes that are under way in this thread.
+int fiveMinuteTimers()
+{
+    auto *dispatcher = QAbstractEventDispatcher::instance();
+    int count = 0;
+    for (QObject *timer : dispatcher->children()) {
+        for (const QAbstractEventDispatcher::TimerInfo &info : dispatcher->registeredTimers(timer))
+            count += qstrcmp(timer->metaObject()->className(), "QSingleShotTimer") == 0 &&
+                     info.interval == fiveMinutes;
+    }
+    return count;
+}
+
+corvia::Fault body(const std::string &text)
+{
+    corvia::Fault fault;
+    fault.kind = corvia::Fault::Kind::Body;
+    fault.text = text;
+    return fault;
+}
+
+/// Everything that a login may bring but, unless @p session, the session word that makes it a successful one.
+corvia::Fault fullLogin(bool session)
+{
+    return body(std::string("<reply version='1'><login auto-search-interval='720'") +
+                (session ? " session='s'" : "") +
+                "><nntp-servers><server host='127.0.0.1' port='1' ssl='true'/></nntp-servers>"
+                "<status supported='true' next-update-millis='300000'><plan name='P'/>"
+                "<nntp max-connections='12' billing-bytes='1' mtd-bytes='1'/></status>"
+                "<software-update version='9.9' url='https://www.corvia.example/get'>new</software-update>"
+                "</login></reply>");
+}
+
 /// The demo account, changed where a test needs it.
 std::string scenario(const std::string &status)
 {
     return R"(<?xml version="1.0" encoding="UTF-8"?>
-<scenario version="1" auto-search-interval="720"><account user="demo" password="pinegate">)"
-        + status + R"(</account><groups><group name="comp.demo" posting="y"/></groups></scenario>)";
+<scenario version="1" auto-search-interval="720"><account user="demo" password="pinegate">)" +
+           status + R"(</account><groups><group name="comp.demo" posting="y"/></groups></scenario>)";
 }
 
 class CountingPlugin final : public CVConnectorPlugin {
@@ -73,15 +111,21 @@ private Q_SLOTS:
     void aStatusRequestNeedsALogin();
     void aSecondStatusRequestIsIgnoredWhileOneIsInFlight();
     void aLoginIsAppliedInItsOrder();
+    void aLoginAsksAgainAfterTheTimeThatTheServiceGave();
     void aLoginArmsOneMoreStatusRequest();
     void aStatusReplyArmsNothing();
+    void aLoginWithoutNextUpdateArmsNothing_data();
     void aLoginWithoutNextUpdateArmsNothing();
     void aRefusedLoginChangesNothingAndMayBeRepeated();
+    void aLoginWithoutASessionWordAppliesNothingOfItsReply();
     void aLimitOfZeroOrUnknownLeavesTheDistributorAlone();
     void aStatusReplySetsTheLimitAnew();
+    void aStatusReplyWithoutALimitLeavesTheDistributorAlone();
+    void oneStatusRequestMayFollowAnother();
     void aFailedStatusRequestShowsTheLoginPage();
     void anUpdateIsTold();
     void thePanelIsMadeWithTheStatistics();
+    void ofTwoStatisticsThePanelTakesTheFirst();
     void withoutStatisticsThePanelHasNone();
     void destroyingItWithRequestsInFlightIsHarmless();
 };
@@ -95,7 +139,8 @@ void TestCVConnectorPlugin::theConstructorMakesWhatTheHostAsksFor()
     QCOMPARE(plugin.aboutAction()->parent(), &plugin);
     QCOMPARE(plugin.aboutAction()->menuRole(), QAction::AboutRole);
     QVERIFY(plugin.aboutAction()->text().isEmpty());
-    QCOMPARE(plugin.connector()->server()->currentAddress().host(), QStringLiteral("accounts.corvia.example"));
+    QCOMPARE(plugin.connector()->server()->currentAddress().host(),
+             QStringLiteral("accounts.corvia.example"));
 }
 
 void TestCVConnectorPlugin::theStatusTimerRunsEveryTenMinutes()
@@ -185,10 +230,13 @@ void TestCVConnectorPlugin::aStatusRequestNeedsALogin()
     CVConnectorPlugin plugin(&account.core());
     account.useDemo(plugin);
     plugin.refreshStatus();
+    // Waits for the login as a status request would, behind which it would then come.
+    const QSharedPointer<HRequest> other(new HRequest(plugin.connector()));
+    plugin.connector()->server()->addRequestToQueue(other);
     plugin.startLogin();
-    QTRY_COMPARE(plugin.connector()->server()->connectorState(), HServer::Connected);
+    QTRY_COMPARE(account.requestNames(), QStringList({QStringLiteral("login"), QString()}));
     plugin.refreshStatus();
-    QTRY_COMPARE(account.requestNames(), QStringList({QStringLiteral("login"), QStringLiteral("status")}));
+    QTRY_COMPARE(account.requestNames().count(QStringLiteral("status")), 1);
 }
 
 void TestCVConnectorPlugin::aSecondStatusRequestIsIgnoredWhileOneIsInFlight()
@@ -208,9 +256,9 @@ void TestCVConnectorPlugin::aSecondStatusRequestIsIgnoredWhileOneIsInFlight()
 
 void TestCVConnectorPlugin::aLoginIsAppliedInItsOrder()
 {
-    LoopbackAccount account(scenario("<status supported='true'><plan name='P'/>"
-                                     "<nntp max-connections='20' billing-bytes='1' mtd-bytes='1'/></status>"));
+    LoopbackAccount account;
     QVERIFY(account.isRunning());
+    account.service().setFault(fullLogin(true));
     CountingPlugin plugin(&account.core());
     account.useDemo(plugin);
     MainWindow window(&account.core());
@@ -219,27 +267,58 @@ void TestCVConnectorPlugin::aLoginIsAppliedInItsOrder()
 
     QStringList order;
     Connector *connector = plugin.connector();
-    connect(connector->server(), &HServer::stateChanged, this, [&order](HServer::State state) {
-        if (state == HServer::Connected)
-            order.append(QStringLiteral("apply"));
-    });
-    connect(connector->distributor(), &HNntpDistributor::changed, this, [&] { order.append(QStringLiteral("limit")); });
-    connect(connector->autoSearch(), &HAutoSearchService::checkIntervalChanged, this, [&] {
-        const bool panelIsFilled =
-            window.findChild<QLabel *>(QStringLiteral("plan"))->text() == QLatin1String("P");
-        order.append(panelIsFilled ? QStringLiteral("panel, interval") : QStringLiteral("interval"));
-    });
+    const int timersBefore = fiveMinuteTimers();
+    const auto note = [&](const char *step) {
+        QString done = QLatin1String(step) + QLatin1Char(':');
+        if (connector->distributor()->maxConnectionsMax() == 12)
+            done += QStringLiteral(" limit");
+        if (window.findChild<QLabel *>(QStringLiteral("plan"))->text() == QLatin1String("P"))
+            done += QStringLiteral(" panel");
+        if (fiveMinuteTimers() > timersBefore)
+            done += QStringLiteral(" timer");
+        if (connector->autoSearch()->checkInterval() == 720)
+            done += QStringLiteral(" interval");
+        order.append(done);
+    };
     // The context outlives this test, so what it calls must not.
     const QObject guard;
-    connect(CVContext::instance(), &HContext::changed, &guard, [&] { order.append(QStringLiteral("context")); });
+    connect(connector->server(), &HServer::stateChanged, &guard, [&note](HServer::State state) {
+        if (state == HServer::Connected)
+            note("apply");
+    });
+    connect(connector->distributor(), &HNntpDistributor::changed, &guard, [&note] { note("limit"); });
+    connect(connector->autoSearch(), &HAutoSearchService::checkIntervalChanged, &guard,
+            [&note] { note("interval"); });
+    connect(CVContext::instance(), &HContext::changed, &guard, [&note] { note("context"); });
+    connect(&account.core(), &Core::softwareUpdateOffered, &guard, [&note] { note("update"); });
     plugin.startLogin();
-    const QStringList expected{QStringLiteral("apply"), QStringLiteral("limit"),
-                               QStringLiteral("panel, interval"), QStringLiteral("context")};
+    const QStringList expected{QStringLiteral("apply:"), QStringLiteral("limit: limit"),
+                               QStringLiteral("interval: limit panel timer interval"),
+                               QStringLiteral("context: limit panel timer interval"),
+                               QStringLiteral("update: limit panel timer interval")};
     QTRY_COMPARE(order, expected);
     QCOMPARE(plugin.applied.size(), 1); // virtually
-    QCOMPARE(connector->distributor()->maxConnectionsMax(), 20);
-    QCOMPARE(connector->autoSearch()->checkInterval(), 720);
-    QCOMPARE(connector->nntpHosts().size(), 2);
+    QCOMPARE(connector->nntpHosts().size(), 1);
+}
+
+void TestCVConnectorPlugin::aLoginAsksAgainAfterTheTimeThatTheServiceGave()
+{
+    LoopbackAccount account; // whose service asks for five minutes
+    CountingPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    const int before = fiveMinuteTimers();
+    for (int logins = 1; logins <= 2; ++logins) {
+        plugin.startLogin();
+        QTRY_COMPARE(plugin.applied.size(), logins);
+        QCOMPARE(fiveMinuteTimers(), before + logins); // the earlier ones go on
+    }
+    account.service().setPlan("demo", 12, 1, 1);
+    plugin.refreshStatus();
+    QTRY_COMPARE(plugin.connector()->distributor()->maxConnectionsMax(), 12);
+    QCOMPARE(fiveMinuteTimers(), before + 2); // a status reply asks for nothing
+    const auto *timer = plugin.findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(timer->isActive());
+    QCOMPARE(timer->interval(), 600000);
 }
 
 void TestCVConnectorPlugin::aLoginArmsOneMoreStatusRequest()
@@ -268,11 +347,24 @@ void TestCVConnectorPlugin::aStatusReplyArmsNothing()
     QCOMPARE(plugin.refreshes, 3);
 }
 
+void TestCVConnectorPlugin::aLoginWithoutNextUpdateArmsNothing_data()
+{
+    QTest::addColumn<QByteArray>("status");
+    QTest::newRow("none") << QByteArray("<status/>");
+    QTest::newRow("zero") << QByteArray("<status next-update-millis='0'/>");
+    QTest::newRow("negative") << QByteArray("<status next-update-millis='-1'/>");
+    QTest::newRow("no number") << QByteArray("<status next-update-millis='abc'/>");
+    QTest::newRow("no status") << QByteArray();
+}
+
 void TestCVConnectorPlugin::aLoginWithoutNextUpdateArmsNothing()
 {
-    LoopbackAccount account(scenario("<status supported='true' next-update-millis='0'/>"));
+    QFETCH(QByteArray, status);
+    LoopbackAccount account;
     CountingPlugin plugin(&account.core());
     account.useDemo(plugin);
+    account.service().setFault(
+        body("<reply version='1'><login session='s'>" + status.toStdString() + "</login></reply>"));
     for (int logins = 1; logins <= 2; ++logins) {
         plugin.startLogin();
         QTRY_COMPARE(plugin.applied.size(), logins);
@@ -306,6 +398,35 @@ void TestCVConnectorPlugin::aRefusedLoginChangesNothingAndMayBeRepeated()
     QTRY_COMPARE(connector->server()->connectorState(), HServer::Connected);
 }
 
+void TestCVConnectorPlugin::aLoginWithoutASessionWordAppliesNothingOfItsReply()
+{
+    LoopbackAccount account;
+    CountingPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    account.service().setFault(fullLogin(false));
+    MainWindow window(&account.core());
+    plugin.polish(&window);
+    Connector *connector = plugin.connector();
+    connector->autoSearch()->setCheckInterval(99);
+    const int limit = connector->distributor()->maxConnectionsMax();
+    const int timers = fiveMinuteTimers();
+    const QSignalSpy context(CVContext::instance(), &HContext::changed);
+    const QSignalSpy update(&account.core(), &Core::softwareUpdateOffered);
+    const QSignalSpy failed(connector->server(), &HServer::requestFailed);
+    plugin.startLogin();
+    QTRY_COMPARE(failed.count(), 1);
+    QVERIFY(plugin.applied.isEmpty());
+    QCOMPARE(connector->distributor()->maxConnectionsMax(), limit);
+    QCOMPARE(window.findChild<QDockWidget *>(QStringLiteral("InfoToolWidget"))
+                 ->findChild<QStackedWidget *>()
+                 ->currentIndex(),
+             0);
+    QCOMPARE(fiveMinuteTimers(), timers);
+    QCOMPARE(connector->autoSearch()->checkInterval(), 99);
+    QCOMPARE(context.count(), 0);
+    QCOMPARE(update.count(), 0);
+}
+
 void TestCVConnectorPlugin::aLimitOfZeroOrUnknownLeavesTheDistributorAlone()
 {
     for (const char *limit : {"0", "-1", "x"}) {
@@ -314,8 +435,8 @@ void TestCVConnectorPlugin::aLimitOfZeroOrUnknownLeavesTheDistributorAlone()
         account.useDemo(plugin);
         corvia::Fault fault;
         fault.kind = corvia::Fault::Kind::Body;
-        fault.text = std::string("<reply version='1'><login session='s'><status><nntp max-connections='") + limit
-            + "'/></status></login></reply>";
+        fault.text = std::string("<reply version='1'><login session='s'><status><nntp max-connections='") +
+                     limit + "'/></status></login></reply>";
         account.service().setFault(fault);
         const int before = plugin.connector()->distributor()->maxConnectionsMax();
         plugin.startLogin();
@@ -334,6 +455,37 @@ void TestCVConnectorPlugin::aStatusReplySetsTheLimitAnew()
     account.service().setPlan("demo", 12, 1, 1);
     plugin.refreshStatus();
     QTRY_COMPARE(plugin.connector()->distributor()->maxConnectionsMax(), 12);
+}
+
+void TestCVConnectorPlugin::aStatusReplyWithoutALimitLeavesTheDistributorAlone()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    MainWindow window(&account.core());
+    plugin.polish(&window);
+    plugin.startLogin();
+    QTRY_COMPARE(plugin.connector()->distributor()->maxConnectionsMax(), 20);
+    account.service().setFault(
+        body("<reply version='1'><status><plan name='Q'/><nntp max-connections='0'/></status>"
+             "</reply>"));
+    plugin.refreshStatus();
+    QTRY_COMPARE(window.findChild<QLabel *>(QStringLiteral("plan"))->text(), QStringLiteral("Q"));
+    QCOMPARE(plugin.connector()->distributor()->maxConnectionsMax(), 20);
+}
+
+void TestCVConnectorPlugin::oneStatusRequestMayFollowAnother()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    plugin.startLogin();
+    QTRY_VERIFY(plugin.connector()->isLoginAvailable());
+    for (const int limit : {11, 12}) {
+        account.service().setPlan("demo", limit, 1, 1);
+        plugin.refreshStatus();
+        QTRY_COMPARE(plugin.connector()->distributor()->maxConnectionsMax(), limit);
+    }
 }
 
 void TestCVConnectorPlugin::aFailedStatusRequestShowsTheLoginPage()
@@ -356,6 +508,9 @@ void TestCVConnectorPlugin::aFailedStatusRequestShowsTheLoginPage()
     QTRY_VERIFY(user->isVisible());
     QVERIFY(!plan->isVisible());
     QCOMPARE(plugin.connector()->server()->connectorState(), HServer::Connected);
+    account.service().setFault(corvia::Fault());
+    plugin.refreshStatus(); // the failed one holds nobody up
+    QTRY_VERIFY(plan->isVisible());
 }
 
 void TestCVConnectorPlugin::anUpdateIsTold()
@@ -388,6 +543,26 @@ void TestCVConnectorPlugin::thePanelIsMadeWithTheStatistics()
     QVERIFY(panel);
     QCOMPARE(window.dockWidgetArea(panel), Qt::BottomDockWidgetArea);
     QVERIFY(panel->findChild<QLabel *>(QStringLiteral("today")));
+}
+
+void TestCVConnectorPlugin::ofTwoStatisticsThePanelTakesTheFirst()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    MainWindow window(&account.core());
+    PluginManager *plugins = account.core().plugin();
+    auto *first = new StatsPlugin(&account.core(), QStringLiteral("one"));
+    auto *second = new StatsPlugin(&account.core(), QStringLiteral("two"));
+    plugins->registerPlugin(first);
+    plugins->registerPlugin(second);
+    plugin.polish(&window);
+    const auto *today = window.findChild<QLabel *>(QStringLiteral("today"));
+    const QString before = today->text();
+    account.core().traffic().addNntpDown(1 << 20);
+    second->poll();
+    QCOMPARE(today->text(), before);
+    first->poll();
+    QVERIFY(today->text() != before);
 }
 
 void TestCVConnectorPlugin::withoutStatisticsThePanelHasNone()

@@ -13,18 +13,23 @@
 #include <halvora/stringformat.h>
 #include <halvora/trafficmeter.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QDomDocument>
 #include <QFormLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 
-CVAccountStatus record(const QString &plan, const QString &nntp, const QString &supported = QStringLiteral("true"))
+CVAccountStatus record(const QString &plan, const QString &nntp,
+                       const QString &supported = QStringLiteral("true"))
 {
     QDomDocument document;
     QDomElement root = document.createElement(QStringLiteral("status"));
@@ -65,6 +70,7 @@ private Q_SLOTS:
     void anUnsupportedEmptyRecordShowsTheLoginPage();
     void aSupportedEmptyRecordShowsTheEmptyPage();
     void aFilledRecordShowsTheAccountPage();
+    void theLimitIsAPlainDecimalNumber();
     void aRecordWithoutAPlanNameNeverShowsTheAccountPage_data();
     void aRecordWithoutAPlanNameNeverShowsTheAccountPage();
     void negativeCountsAreHidden();
@@ -72,8 +78,12 @@ private Q_SLOTS:
     void anAbsentCountIsShownAsZero();
     void theControlPanelRowShowsOnlyWithoutALinkOfTheHost();
     void theUsageTimerRunsAndDoesNothingOnTheLoginPage();
+    void theUsageTimerBringsTheCountsUpToDate();
     void localTrafficIsAddedToTheCounts();
+    void onlyTrafficAfterTheServicesCountIsAdded();
     void todaysAndThisMonthsTrafficFollowTheStatistics();
+    void todayAndThisMonthAreToldApart();
+    void everyRecordRefreshesTheTexts();
     void withoutStatisticsTheTrafficPartsDoNotExist();
     void withoutStatisticsTheCountsAreTheServices();
     void theControlPanelLinkOpensTheHostsAddress();
@@ -83,15 +93,19 @@ private Q_SLOTS:
     void markupFromTheServiceIsShownAsText();
     void slotsAreKnownByTheirNames();
     void theTrafficGridStandsAsDrawn();
+    void theLoginPageStandsAsDrawn();
+    void theLoginPageWithoutStatisticsHoldsUserAndControlPanel();
+    void theAccountPageStandsAsDrawn();
+    void theIconsAreTheirs();
 
 private:
-    template<typename T>
-    T *find(const char *name) const
+    template <typename T> T *find(const char *name) const
     {
         return m_panel->findChild<T *>(QLatin1String(name));
     }
     QString text(const char *name) const { return find<QLabel>(name)->text(); }
-    int page() const { return m_panel->findChild<QStackedWidget *>()->currentIndex(); }
+    QStackedWidget *pages() const { return m_panel->findChild<QStackedWidget *>(); }
+    int page() const { return pages()->currentIndex(); }
     void makePanel(StatsPlugin *stats);
     void setControlPanel(const QString &url);
 
@@ -135,6 +149,7 @@ void TestCVInfoToolWidget::theDockCanBeMovedAndFloatedButNotClosed()
 {
     QCOMPARE(m_panel->objectName(), QStringLiteral("InfoToolWidget"));
     QCOMPARE(m_panel->features(), QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
+    QCOMPARE(m_panel->toggleViewAction()->text(), QStringLiteral("Your Account")); // events go on to the base
 }
 
 void TestCVInfoToolWidget::theContentIsAsHighAsPanelsAre()
@@ -190,6 +205,16 @@ void TestCVInfoToolWidget::aFilledRecordShowsTheAccountPage()
     QCOMPARE(text("mtd"), bytes(1024));
 }
 
+void TestCVInfoToolWidget::theLimitIsAPlainDecimalNumber()
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    m_panel->updateAccountStatus(
+        record(QStringLiteral("Demo"), QStringLiteral("max-connections='1500' billing-bytes='1'")));
+    QLocale::setDefault(before);
+    QCOMPARE(text("connections"), QStringLiteral("1500"));
+}
+
 void TestCVInfoToolWidget::aRecordWithoutAPlanNameNeverShowsTheAccountPage_data()
 {
     QTest::addColumn<QString>("supported");
@@ -208,6 +233,7 @@ void TestCVInfoToolWidget::aRecordWithoutAPlanNameNeverShowsTheAccountPage()
 
 void TestCVInfoToolWidget::negativeCountsAreHidden()
 {
+    m_panel->updateAccountStatus(filledRecord()); // which leaves a text to be cleared
     m_panel->updateAccountStatus(record(
         QStringLiteral("Demo"), QStringLiteral("max-connections='1' billing-bytes='-1' mtd-bytes='5000'")));
     QVERIFY(!find<QLabel>("billing")->isVisible());
@@ -230,14 +256,15 @@ void TestCVInfoToolWidget::aHiddenCountComesBack()
 
 void TestCVInfoToolWidget::anAbsentCountIsShownAsZero()
 {
-    m_panel->updateAccountStatus(record(QStringLiteral("Demo"), QStringLiteral("max-connections='1' mtd-bytes='1'")));
+    m_panel->updateAccountStatus(
+        record(QStringLiteral("Demo"), QStringLiteral("max-connections='1' mtd-bytes='1'")));
     QVERIFY(find<QLabel>("billing")->isVisible());
     QCOMPARE(text("billing"), bytes(0));
 }
 
 void TestCVInfoToolWidget::theControlPanelRowShowsOnlyWithoutALinkOfTheHost()
 {
-    QVERIFY(!find<QWidget>("controlPanelRow")->isVisibleTo(m_panel.get()));
+    QVERIFY(find<QWidget>("controlPanelRow")->isHidden());
     m_panel->updateAccountStatus(CVAccountStatus());
     QVERIFY(find<QWidget>("controlPanelRow")->isVisible());
     setControlPanel(QStringLiteral("https://my.corvia.example/"));
@@ -256,9 +283,18 @@ void TestCVInfoToolWidget::theUsageTimerRunsAndDoesNothingOnTheLoginPage()
     QCOMPARE(timer->interval(), 10000);
     m_core->traffic().addNntpDown(1 << 20);
     m_stats->poll();
-    const QString before = text("billing");
     m_panel->updateUsage();
-    QCOMPARE(text("billing"), before);
+    QCOMPARE(text("billing"), bytes(2048));
+    QCOMPARE(text("mtd"), bytes(1024));
+}
+
+void TestCVInfoToolWidget::theUsageTimerBringsTheCountsUpToDate()
+{
+    m_panel->updateAccountStatus(filledRecord());
+    m_core->traffic().addNntpDown(4096);
+    m_stats->poll();
+    m_panel->findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly)->setInterval(1);
+    QTRY_COMPARE(text("billing"), bytes(2048 + 4096));
 }
 
 void TestCVInfoToolWidget::localTrafficIsAddedToTheCounts()
@@ -272,6 +308,26 @@ void TestCVInfoToolWidget::localTrafficIsAddedToTheCounts()
     QCOMPARE(text("mtd"), bytes(1024 + 4096));
 }
 
+void TestCVInfoToolWidget::onlyTrafficAfterTheServicesCountIsAdded()
+{
+    qint64 now = QDateTime(QDate(2026, 11, 20), QTime(12, 0)).toMSecsSinceEpoch();
+    const qint64 counted = now + 1000;
+    m_stats->setClock([&now] { return now; });
+    m_core->traffic().addNntpDown(512);
+    m_stats->poll();
+    now = counted + 1000;
+    m_core->traffic().addNntpDown(4096);
+    m_stats->poll();
+    m_panel->updateAccountStatus(
+        record(QStringLiteral("Demo"),
+               QStringLiteral(
+                   "max-connections='1' billing-bytes='2048' mtd-bytes='1024' usage-updated-timestamp='%1'")
+                   .arg(counted)));
+    QCOMPARE(text("billing"), bytes(2048 + 4096));
+    QCOMPARE(text("mtd"), bytes(1024 + 4096));
+    m_stats->setClock({});
+}
+
 void TestCVInfoToolWidget::todaysAndThisMonthsTrafficFollowTheStatistics()
 {
     QCOMPARE(text("today"), bytes(0));
@@ -279,6 +335,32 @@ void TestCVInfoToolWidget::todaysAndThisMonthsTrafficFollowTheStatistics()
     m_stats->poll();
     QCOMPARE(text("today"), bytes(3000));
     QCOMPARE(text("month"), bytes(3000));
+}
+
+void TestCVInfoToolWidget::todayAndThisMonthAreToldApart()
+{
+    qint64 now = QDateTime(QDate(2026, 11, 19), QTime(12, 0)).toMSecsSinceEpoch();
+    m_stats->setClock([&now] { return now; });
+    m_core->traffic().addNntpDown(2000);
+    m_stats->poll();
+    now = QDateTime(QDate(2026, 11, 20), QTime(12, 0)).toMSecsSinceEpoch();
+    m_core->traffic().addNntpDown(500);
+    m_stats->poll();
+    QCOMPARE(text("today"), bytes(500));
+    QCOMPARE(text("month"), bytes(2500));
+    m_stats->setClock({});
+}
+
+void TestCVInfoToolWidget::everyRecordRefreshesTheTexts()
+{
+    m_plugin->connector()->setAccount(QStringLiteral("bob"), QStringLiteral("secret"));
+    for (const char *name : {"today", "month", "planCaption"})
+        find<QLabel>(name)->setText(QStringLiteral("x"));
+    m_panel->updateAccountStatus(filledRecord());
+    QCOMPARE(text("user"), QStringLiteral("Logged in as: bob"));
+    QCOMPARE(text("today"), bytes(0));
+    QCOMPARE(text("month"), bytes(0));
+    QCOMPARE(text("planCaption"), QStringLiteral("Plan:"));
 }
 
 void TestCVInfoToolWidget::withoutStatisticsTheTrafficPartsDoNotExist()
@@ -359,9 +441,9 @@ void TestCVInfoToolWidget::slotsAreKnownByTheirNames()
     QStringList names;
     for (int i = meta->methodOffset(); i < meta->methodCount(); ++i)
         names.append(QString::fromLatin1(meta->method(i).methodSignature()));
-    const QStringList expected{
-        QStringLiteral("updateAccountStatus(CVAccountStatus)"), QStringLiteral("updateUsage()"),
-        QStringLiteral("quickStatsUpdated()"), QStringLiteral("linkActivated(QString)")};
+    const QStringList expected{QStringLiteral("updateAccountStatus(CVAccountStatus)"),
+                               QStringLiteral("updateUsage()"), QStringLiteral("quickStatsUpdated()"),
+                               QStringLiteral("linkActivated(QString)")};
     QCOMPARE(names, expected);
     qRegisterMetaType<CVAccountStatus>("CVAccountStatus");
     QVERIFY(QMetaObject::invokeMethod(m_panel.get(), "updateAccountStatus", Qt::DirectConnection,
@@ -391,6 +473,79 @@ void TestCVInfoToolWidget::theTrafficGridStandsAsDrawn()
     QCOMPARE(form->spacing(), 4);
     QCOMPARE(form->labelAlignment(), Qt::AlignRight);
     QCOMPARE(form->rowCount(), 4);
+}
+
+void TestCVInfoToolWidget::theLoginPageStandsAsDrawn()
+{
+    const auto *layout = qobject_cast<QVBoxLayout *>(pages()->widget(1)->layout());
+    QCOMPARE(layout->contentsMargins(), QMargins(4, 4, 4, 4));
+    QCOMPARE(layout->count(), 5);
+    QCOMPARE(layout->itemAt(0)->widget(), find<QLabel>("user"));
+    QVERIFY(layout->itemAt(1)->spacerItem());
+    QVERIFY(layout->itemAt(3)->spacerItem());
+
+    const QLayout *traffic = layout->itemAt(2)->layout();
+    QCOMPARE(traffic->count(), 3);
+    QVERIFY(traffic->itemAt(0)->spacerItem());
+    QVERIFY(traffic->itemAt(1)->layout()->indexOf(find<QLabel>("today")) >= 0);
+    QVERIFY(traffic->itemAt(2)->spacerItem());
+
+    const QLayout *links = layout->itemAt(4)->layout();
+    QCOMPARE(links->count(), 3);
+    QCOMPARE(links->itemAt(0)->widget(), find<QWidget>("controlPanelRow"));
+    QVERIFY(find<QWidget>("controlPanelRow")->isAncestorOf(find<QLabel>("controlPanelLink")));
+    QVERIFY(links->itemAt(1)->spacerItem());
+    QVERIFY(links->itemAt(2)->widget()->isAncestorOf(find<QLabel>("statsLink")));
+}
+
+void TestCVInfoToolWidget::theLoginPageWithoutStatisticsHoldsUserAndControlPanel()
+{
+    makePanel(nullptr);
+    const QLayout *layout = pages()->widget(1)->layout();
+    QCOMPARE(layout->count(), 3);
+    QCOMPARE(layout->itemAt(0)->widget(), find<QLabel>("user"));
+    QVERIFY(layout->itemAt(1)->spacerItem());
+    const QLayout *links = layout->itemAt(2)->layout();
+    QCOMPARE(links->count(), 2);
+    QCOMPARE(links->itemAt(0)->widget(), find<QWidget>("controlPanelRow"));
+}
+
+void TestCVInfoToolWidget::theAccountPageStandsAsDrawn()
+{
+    const auto *form = m_panel->findChild<QFormLayout *>();
+    int row = 0;
+    for (const char *name : {"billing", "mtd", "connections", "plan"}) {
+        const QLabel *value = find<QLabel>(name);
+        const QLabel *caption = find<QLabel>(qPrintable(QLatin1String(name) + QStringLiteral("Caption")));
+        QCOMPARE(form->itemAt(row, QFormLayout::LabelRole)->widget(), caption);
+        QCOMPARE(form->itemAt(row, QFormLayout::FieldRole)->widget(), value);
+        ++row;
+    }
+    const auto *layout = qobject_cast<QVBoxLayout *>(pages()->widget(2)->layout());
+    QCOMPARE(layout->count(), 2);
+    QVERIFY(layout->itemAt(1)->spacerItem());
+    const QLayout *centred = layout->itemAt(0)->layout();
+    QCOMPARE(centred->count(), 3);
+    QVERIFY(centred->itemAt(0)->spacerItem());
+    QCOMPARE(centred->itemAt(1)->layout(), form);
+    QVERIFY(centred->itemAt(2)->spacerItem());
+    QCOMPARE(pages()->count(), 3);
+    QVERIFY(pages()->widget(0)->children().isEmpty());
+}
+
+void TestCVInfoToolWidget::theIconsAreTheirs()
+{
+    const auto hasIcon = [](const QWidget *widget, const char *path, int size) {
+        const QImage expected = hSvgPixmap(QLatin1String(path), size).toImage();
+        const QList<QLabel *> labels = widget->findChildren<QLabel *>();
+        return !expected.isNull() &&
+               std::any_of(labels.begin(), labels.end(), [&expected](const QLabel *label) {
+                   return label->pixmap(Qt::ReturnByValue).toImage() == expected;
+               });
+    };
+    QVERIFY(hasIcon(pages()->widget(1), ":/svg/gauge.svg", 32));
+    QVERIFY(hasIcon(find<QWidget>("controlPanelRow"), ":/svg/lock.svg", 16));
+    QVERIFY(hasIcon(find<QLabel>("statsLink")->parentWidget(), ":/svg/chart_area.svg", 16));
 }
 
 QTEST_MAIN(TestCVInfoToolWidget)

@@ -21,8 +21,9 @@ namespace {
 /// A news server that counts who comes and does what its script says.
 class Host {
 public:
-    explicit Host(const HostileNntpServer::Script &script)
-        : m_server([this, script](Conversation &conversation) {
+    explicit Host(const HostileNntpServer::Script &script, bool ssl = false)
+        : m_ssl(ssl)
+        , m_server([this, script](Conversation &conversation) {
             ++m_visits;
             script(conversation);
         })
@@ -30,10 +31,12 @@ public:
     }
 
     int visits() const { return m_visits; }
+    bool isSsl() const { return m_ssl; }
     quint16 port() const { return m_server.port(); }
     QByteArray transcript() { return m_server.transcript(); }
 
 private:
+    const bool m_ssl;
     std::atomic<int> m_visits{0};
     HostileNntpServer m_server;
 };
@@ -84,7 +87,10 @@ private Q_SLOTS:
     void theSixthHostIsStillAsked();
     void onlyTheFirstHostThatAnswersIsAsked();
     void theRightPasswordIsAccepted();
+    void aHostThatShallSpeakTlsIsNeverSpokenToWithout();
     void aProgramThatEndsTriesNothing();
+    void aProgramThatEndsMeanwhileTriesNoFurther_data();
+    void aProgramThatEndsMeanwhileTriesNoFurther();
     void nothingIsLeftOpen();
 
 private:
@@ -115,7 +121,9 @@ void TestLoginProbe::know(const Hosts &hosts)
 {
     QString servers;
     for (const auto &host : hosts)
-        servers += QStringLiteral("<server host='127.0.0.1' port='%1' ssl='false'/>").arg(host->port());
+        servers += QStringLiteral("<server host='127.0.0.1' port='%1' ssl='%2'/>")
+                       .arg(host->port())
+                       .arg(host->isSsl() ? QStringLiteral("true") : QStringLiteral("false"));
     QDomDocument document;
     document.setContent(
         QStringLiteral("<login session='s'><nntp-servers>%1</nntp-servers></login>").arg(servers));
@@ -192,6 +200,39 @@ void TestLoginProbe::aProgramThatEndsTriesNothing()
     m_core->stopRunning();
     QVERIFY(probe(hosts));
     QCOMPARE(visits(hosts), 0);
+}
+
+void TestLoginProbe::aHostThatShallSpeakTlsIsNeverSpokenToWithout()
+{
+    Hosts hosts;
+    hosts.push_back(std::make_unique<Host>(&acceptVisitor, true)); // greets in plain words
+    QVERIFY(!probe(hosts));
+    QCOMPARE(visits(hosts), 1);
+    QVERIFY(!hosts.front()->transcript().contains("AUTHINFO"));
+}
+
+void TestLoginProbe::aProgramThatEndsMeanwhileTriesNoFurther_data()
+{
+    QTest::addColumn<int>("last");
+    QTest::newRow("after the first attempt") << 1;
+    QTest::newRow("after the last attempt that is made") << 6;
+}
+
+// The end counts for more than the failures before it: nobody is to be told of a refusal.
+void TestLoginProbe::aProgramThatEndsMeanwhileTriesNoFurther()
+{
+    QFETCH(int, last);
+    Hosts hosts;
+    for (int i = 1; i < last; ++i)
+        hosts.push_back(std::make_unique<Host>(&dropVisitor));
+    hosts.push_back(std::make_unique<Host>([this](Conversation &conversation) {
+        m_core->stopRunning();
+        conversation.hangUp();
+    }));
+    hosts.push_back(std::make_unique<Host>(&acceptVisitor));
+    QVERIFY(probe(hosts));
+    QCOMPARE(visits(hosts), last);
+    QCOMPARE(hosts.back()->visits(), 0);
 }
 
 void TestLoginProbe::nothingIsLeftOpen()

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void aLoginRequestReturnsItsFirstFlag();
     void aLoginReplyWithAStatusBlockIsRead();
     void aLoginReplyWithoutAStatusBlockIsParsedAndEmpty();
+    void aReplyOfAnotherNameLeavesTheStatusAlone_data();
     void aReplyOfAnotherNameLeavesTheStatusAlone();
     void theHostsPartIsFilledWhateverFollows();
     void unansweredRequestsHoldTheDefaults();
@@ -138,6 +139,8 @@ void TestRequests::aLoginRequestReturnsItsFirstFlag()
     const CVLoginRequest login(m_plugin->connector());
     QVERIFY(!login.isAllowedToSend(false, true));
     QVERIFY(login.isAllowedToSend(true, false));
+    QVERIFY(login.isAllowedToSend(true, true));
+    QVERIFY(!login.isAllowedToSend(false, false));
     QVERIFY(login.isLoginRequest());
 }
 
@@ -158,10 +161,20 @@ void TestRequests::aLoginReplyWithoutAStatusBlockIsParsedAndEmpty()
     QCOMPARE(login.accountStatus().nextUpdateMillis(), 0);
 }
 
+void TestRequests::aReplyOfAnotherNameLeavesTheStatusAlone_data()
+{
+    QTest::addColumn<QString>("xml");
+    QTest::newRow("capital") << QStringLiteral("<Login session='s'><status supported='true'/></Login>");
+    QTest::newRow("status itself") << QStringLiteral(
+        "<status supported='true'><status supported='true'/></status>");
+    QTest::newRow("deeper") << QStringLiteral("<reply><login><status supported='true'/></login></reply>");
+}
+
 void TestRequests::aReplyOfAnotherNameLeavesTheStatusAlone()
 {
+    QFETCH(QString, xml);
     CVLoginRequest login(m_plugin->connector());
-    answer(login, QStringLiteral("<Login session='s'><status supported='true'/></Login>"));
+    answer(login, xml);
     QVERIFY(!login.accountStatus().supported());
     QVERIFY(login.accountStatus().isEmpty());
 }

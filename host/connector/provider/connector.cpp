@@ -9,7 +9,6 @@
 #include <halvora/hnntpdistributor.h>
 #include <halvora/hserver.h>
 
-#include <QMutexLocker>
 #include <QSettings>
 
 namespace {
@@ -88,20 +87,20 @@ HAutoSearchService *Connector::autoSearch() const
 
 QString Connector::username() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     return m_username;
 }
 
 QString Connector::password() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     return m_password;
 }
 
 void Connector::setAccount(const QString &username, const QString &password)
 {
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         m_username = username;
         m_password = password;
     }
@@ -110,7 +109,7 @@ void Connector::setAccount(const QString &username, const QString &password)
 
 QList<NntpHost> Connector::nntpHosts() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     return m_nntpHosts;
 }
 
@@ -122,7 +121,7 @@ void Connector::forgetNntpHosts()
 void Connector::storeNntpHosts(const QList<NntpHost> &hosts)
 {
     {
-        const QMutexLocker lock(&m_mutex);
+        const std::lock_guard lock(m_mutex);
         m_nntpHosts = hosts;
     }
     saveHosts(m_core->settings(), hosts);

@@ -6,8 +6,9 @@
 #include <halvora/nntphost.h>
 
 #include <QList>
-#include <QMutex>
 #include <QObject>
+
+#include <mutex>
 
 class ConnectorPlugin;
 class Core;
@@ -57,7 +58,7 @@ private:
     HServer *m_server;
     HNntpDistributor *m_distributor;
     HAutoSearchService *m_autoSearch;
-    mutable QMutex m_mutex; ///< guards the values below
+    mutable std::mutex m_mutex; ///< guards the values below
     QString m_username;
     QString m_password;
     QList<NntpHost> m_nntpHosts;

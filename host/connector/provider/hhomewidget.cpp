@@ -45,6 +45,8 @@ void HHomeWidget::build()
     for (QLabel *label : {m_state, m_detail}) {
         label->setTextFormat(Qt::PlainText);
         label->setAlignment(Qt::AlignCenter);
+        // A long user name must not make the window as wide.
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     }
 
     auto *layout = new QVBoxLayout(this);
@@ -93,7 +95,8 @@ QString HHomeWidget::detailText() const
 {
     const Connector *connector = m_plugin->connector();
     const HContext *context = HContextHolder::context();
-    if (connector->server()->connectorState() != HServer::Connected || !context || context->lastLogin().isNull())
+    if (connector->server()->connectorState() != HServer::Connected || !context ||
+        context->lastLogin().isNull())
         return {};
     return tr("News servers: %1  ·  Connections: %2  ·  Since: %3")
         .arg(context->nntpHostCount())

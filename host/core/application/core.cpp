@@ -13,7 +13,6 @@
 
 #include <QDir>
 #include <QDomElement>
-#include <QMutexLocker>
 #include <QSettings>
 
 namespace {
@@ -118,8 +117,8 @@ void Core::setUrls(const QHash<QString, UrlInfo> &urls)
 
 void Core::performOnlineUpdate(const QDomElement &element)
 {
-    Q_EMIT softwareUpdateOffered(
-        {element.attribute(QStringLiteral("version")), element.attribute(QStringLiteral("url")), element.text()});
+    Q_EMIT softwareUpdateOffered({element.attribute(QStringLiteral("version")),
+                                  element.attribute(QStringLiteral("url")), element.text()});
 }
 
 bool Core::isErrorReportVisible() const
@@ -137,24 +136,24 @@ void Core::setErrorReportVisible(bool visible)
 
 QString Core::newsServerReply() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     return m_newsServerReply;
 }
 
 void Core::setNewsServerReply(const QString &line)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     m_newsServerReply = line;
 }
 
 QString Core::authorityFile() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     return m_authorityFile;
 }
 
 void Core::setAuthorityFile(const QString &file)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     m_authorityFile = file;
 }

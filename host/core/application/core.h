@@ -6,12 +6,12 @@
 #include <halvora/urlinfo.h>
 
 #include <QHash>
-#include <QMutex>
 #include <QObject>
 #include <QPointer>
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 
 class LinkOpener;
 class LocaleManager;
@@ -104,7 +104,7 @@ private:
     QHash<QString, UrlInfo> m_urls;
     bool m_errorReportVisible = false;
     std::atomic<bool> m_running{true};
-    mutable QMutex m_mutex; ///< guards the two texts below
+    mutable std::mutex m_mutex; ///< guards the two texts below
     QString m_newsServerReply;
     QString m_authorityFile;
 };

@@ -4,11 +4,10 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QSysInfo>
 
 #include <algorithm>
+#include <mutex>
 
 namespace {
 
@@ -17,7 +16,7 @@ constexpr int longestLine = 2000;
 constexpr int shortestSecret = 3;
 
 struct Store {
-    QMutex mutex;
+    std::mutex mutex;
     QStringList lines;
     QStringList secrets;
     QtMessageHandler next = nullptr;
@@ -33,11 +32,11 @@ Store &store()
 void keep(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     Store &log = store();
-    const QString line = QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs) + QLatin1Char(' ')
-        + QLatin1String(context.category ? context.category : "default") + QLatin1String(": ")
-        + message.left(longestLine);
+    const QString line = QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs) + QLatin1Char(' ') +
+                         QLatin1String(context.category ? context.category : "default") +
+                         QLatin1String(": ") + message.left(longestLine);
     {
-        const QMutexLocker lock(&log.mutex);
+        const std::lock_guard lock(log.mutex);
         log.lines.append(line);
         if (log.lines.size() > mostLines)
             log.lines.removeFirst();
@@ -58,7 +57,7 @@ void HLog::addSecret(const QString &secret)
     if (secret.size() < shortestSecret)
         return;
     Store &log = store();
-    const QMutexLocker lock(&log.mutex);
+    const std::lock_guard lock(log.mutex);
     if (log.secrets.contains(secret))
         return;
     log.secrets.append(secret);
@@ -70,7 +69,7 @@ void HLog::addSecret(const QString &secret)
 QString HLog::report()
 {
     Store &log = store();
-    const QMutexLocker lock(&log.mutex);
+    const std::lock_guard lock(log.mutex);
     QString text = QStringLiteral("%1 %2, Qt %3, %4\n\n")
                        .arg(QCoreApplication::applicationName(), QCoreApplication::applicationVersion(),
                             QString::fromLatin1(qVersion()), QSysInfo::prettyProductName());

@@ -17,8 +17,8 @@ void LinkOpener::setOpener(const Opener &opener)
 bool LinkOpener::isAllowed(const QUrl &url)
 {
     const QString scheme = url.scheme();
-    return url.isValid() && (scheme == QLatin1String("http") || scheme == QLatin1String("https"))
-        && !url.host().isEmpty() && url.userInfo().isEmpty();
+    return url.isValid() && (scheme == QLatin1String("http") || scheme == QLatin1String("https")) &&
+           !url.host().isEmpty() && url.userInfo().isEmpty();
 }
 
 bool LinkOpener::open(const QUrl &url)
