@@ -96,7 +96,7 @@ int main(int argc, char **argv)
     }
     print("first login, by stage", first);
     print("login with credential test", again);
-    std::printf("%-34s %10lld\n", "longest gap of the window", heartbeat.longestGap());
+    std::printf("%-34s %10.2f\n", "longest gap of the window", heartbeat.longestGap());
     program.close();
     return 0;
 }

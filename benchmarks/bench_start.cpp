@@ -73,7 +73,8 @@ int main(int argc, char **argv)
         process.waitForFinished();
         if (round == 0)
             continue; // warms the disk's cache
-        const auto lines = QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        const auto lines =
+            QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
         figures.resize(lines.size());
         names.clear();
         for (int i = 0; i < lines.size(); ++i) {

@@ -25,7 +25,8 @@ CVInfoToolWidget::CVInfoToolWidget(QWidget *parent, CVConnectorPlugin *plugin, S
 
 CVInfoToolWidget::~CVInfoToolWidget() = default;
 
-void CVInfoToolWidget::updateAccountStatus(CVAccountStatus status) // NOLINT(performance-unnecessary-value-param)
+void CVInfoToolWidget::updateAccountStatus(
+    CVAccountStatus status) // NOLINT(performance-unnecessary-value-param)
 {
     d->status = status;
     d->showRecord();

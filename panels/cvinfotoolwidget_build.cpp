@@ -129,7 +129,8 @@ QWidget *CVInfoToolWidgetPrivate::buildAccountPage()
     auto *form = new QFormLayout;
     form->setLabelAlignment(Qt::AlignRight);
     form->setSpacing(4);
-    const auto addRow = [form](QLabel *&caption, QLabel *&value, const char *captionName, const char *valueName) {
+    const auto addRow = [form](QLabel *&caption, QLabel *&value, const char *captionName,
+                               const char *valueName) {
         caption = plainLabel(captionName);
         value = plainLabel(valueName);
         form->addRow(caption, value);

@@ -19,7 +19,8 @@ class CVInfoToolWidgetPrivate {
 public:
     enum Page { EmptyPage, LoginPage, AccountPage };
 
-    CVInfoToolWidgetPrivate(CVInfoToolWidget *panel, CVConnectorPlugin *connectorPlugin, StatsPlugin *statsPlugin);
+    CVInfoToolWidgetPrivate(CVInfoToolWidget *panel, CVConnectorPlugin *connectorPlugin,
+                            StatsPlugin *statsPlugin);
     Q_DISABLE_COPY(CVInfoToolWidgetPrivate)
 
     void build();

@@ -51,8 +51,10 @@ CVAccountStatus::~CVAccountStatus() = default;
 void CVAccountStatus::parse(const QDomElement &element)
 {
     d = new CVAccountStatusData;
-    d->supported = element.attribute(QStringLiteral("supported"), QStringLiteral("false")) == QLatin1String("true");
-    d->nextUpdateMillis = number(element.attribute(QStringLiteral("next-update-millis"), QStringLiteral("0")));
+    d->supported =
+        element.attribute(QStringLiteral("supported"), QStringLiteral("false")) == QLatin1String("true");
+    d->nextUpdateMillis =
+        number(element.attribute(QStringLiteral("next-update-millis"), QStringLiteral("0")));
 
     const QDomElement plan = element.firstChildElement(QStringLiteral("plan"));
     if (!plan.isNull())
@@ -64,14 +66,16 @@ void CVAccountStatus::parse(const QDomElement &element)
         d->billingBytes = byteCount(nntp, QStringLiteral("billing-bytes"));
         d->mtdBytes = byteCount(nntp, QStringLiteral("mtd-bytes"));
         d->usageUpdatedTimestamp =
-            nntp.attribute(QStringLiteral("usage-updated-timestamp"), QStringLiteral("0")).toLongLong(nullptr, 10);
+            nntp.attribute(QStringLiteral("usage-updated-timestamp"), QStringLiteral("0"))
+                .toLongLong(nullptr, 10);
     }
     d->null = false;
 }
 
 bool CVAccountStatus::isEmpty() const
 {
-    return d->null || d->maxConnections < 0 || (d->billingBytes < 0 && d->mtdBytes < 0) || d->planName.isEmpty();
+    return d->null || d->maxConnections < 0 || (d->billingBytes < 0 && d->mtdBytes < 0) ||
+           d->planName.isEmpty();
 }
 
 bool CVAccountStatus::supported() const

@@ -20,6 +20,7 @@ QString module()
     return QStringLiteral(PINEGATE_MODULE);
 }
 
+#ifdef RELEASE_MODULE
 QString outputOf(const QString &program, const QStringList &arguments)
 {
     QProcess process;
@@ -27,6 +28,7 @@ QString outputOf(const QString &program, const QStringList &arguments)
     process.waitForFinished();
     return QString::fromLocal8Bit(process.readAllStandardOutput());
 }
+#endif
 
 } // namespace
 
@@ -48,7 +50,8 @@ void TestModule::theHostsLoaderFindsTheInterface()
     const PluginResult result = PluginLoader::load(module());
     QVERIFY2(result.plugin, qPrintable(result.logText));
     QCOMPARE(result.instance->metaObject()->className(), "Corvia");
-    QCOMPARE(result.instance->qt_metacast("com.halvora.CorePluginInterface/1.0"), static_cast<void *>(result.plugin));
+    QCOMPARE(result.instance->qt_metacast("com.halvora.CorePluginInterface/1.0"),
+             static_cast<void *>(result.plugin));
     QVERIFY(static_cast<void *>(result.plugin) != static_cast<void *>(result.instance));
     QCOMPARE(result.instance->qt_metacast("com.halvora.Other/1.0"), nullptr);
 }
@@ -82,9 +85,10 @@ void TestModule::theMetadataNamesTheProvider()
 #ifdef RELEASE_MODULE
 void TestModule::theMetadataBlockHasItsExactBytes()
 {
-    const QByteArray expected = QByteArrayLiteral("QTMETADATA !") + QByteArray::fromHex("00050f00")
-        + QByteArray::fromHex("bf0266") + "Corvia" + QByteArray::fromHex("0366") + "Corvia"
-        + QByteArray::fromHex("04a164") + "Keys" + QByteArray::fromHex("8168") + "Pinegate" + QByteArray::fromHex("ff");
+    const QByteArray expected = QByteArrayLiteral("QTMETADATA !") + QByteArray::fromHex("00050f00") +
+                                QByteArray::fromHex("bf0266") + "Corvia" + QByteArray::fromHex("0366") +
+                                "Corvia" + QByteArray::fromHex("04a164") + "Keys" +
+                                QByteArray::fromHex("8168") + "Pinegate" + QByteArray::fromHex("ff");
     QFile file(module());
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray bytes = file.readAll();
@@ -102,15 +106,16 @@ void TestModule::onlyTheTwoEntryPointsAreExported()
     for (const QString &line : lines)
         names.append(line.section(QLatin1Char(' '), -1));
     names.sort();
-    QCOMPARE(names, QStringList({QStringLiteral("qt_plugin_instance"), QStringLiteral("qt_plugin_query_metadata")}));
+    QCOMPARE(names,
+             QStringList({QStringLiteral("qt_plugin_instance"), QStringLiteral("qt_plugin_query_metadata")}));
 }
 
 void TestModule::nothingButQtAndTheHostIsNeeded()
 {
     const QString sections = outputOf(QStringLiteral("readelf"), {QStringLiteral("-d"), module()});
     const QRegularExpression needed(QStringLiteral("NEEDED.*\\[(.*)\\]"));
-    const QRegularExpression allowed(
-        QStringLiteral("^lib(Qt5(Core|Gui|Widgets|Xml|Sql)|halvora-(core|connector)|stdc\\+\\+|gcc_s|c|m)\\.so"));
+    const QRegularExpression allowed(QStringLiteral(
+        "^lib(Qt5(Core|Gui|Widgets|Xml|Sql)|halvora-(core|connector)|stdc\\+\\+|gcc_s|c|m)\\.so"));
     int count = 0;
     auto matches = needed.globalMatch(sections);
     while (matches.hasNext()) {

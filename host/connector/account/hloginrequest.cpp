@@ -22,7 +22,8 @@ QList<NntpHost> readHosts(const QDomElement &servers)
         const QString host = server.attribute(QStringLiteral("host")).trimmed();
         const ushort port = server.attribute(QStringLiteral("port")).toUShort();
         if (!host.isEmpty() && port != 0)
-            hosts.append(NntpHost(host, port, server.attribute(QStringLiteral("ssl")) == QLatin1String("true")));
+            hosts.append(
+                NntpHost(host, port, server.attribute(QStringLiteral("ssl")) == QLatin1String("true")));
     }
     return hosts;
 }
@@ -104,7 +105,7 @@ void HLoginRequest::buildResponseInternal(const QDomElement &reply)
     if (reply.tagName() != QLatin1String("login"))
         return;
     m_session = reply.attribute(QStringLiteral("session"));
-    m_autoSearchCheckInterval = reply.attribute(QStringLiteral("auto-search-interval")).toInt();
+    m_autoSearchCheckInterval = qMax(0, reply.attribute(QStringLiteral("auto-search-interval")).toInt());
     m_nntpHosts = readHosts(reply.firstChildElement(QStringLiteral("nntp-servers")));
     m_links = readLinks(reply.firstChildElement(QStringLiteral("links")));
     m_softwareUpdate = reply.firstChildElement(QStringLiteral("software-update"));

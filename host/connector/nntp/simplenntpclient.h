@@ -31,7 +31,8 @@ public:
     /// What each reply may take from its command to its last byte; 10 s unless set.
     void setReplyDeadline(std::chrono::milliseconds deadline) { m_replyDeadline = deadline; }
 
-    /// Drops any connection there is, connects, and waits for the greeting; true when that is 200 or 201. With
+    /// Drops any connection there is, connects, and waits for the greeting; true when that is 200 or 201.
+    /// With
     /// @p ssl the connection is TLS 1.2 or later from the first byte (RFC 8143) and the certificate must name
     /// @p host and come from one of the system's authorities or of Core::authorityFile().
     bool connectToHost(const QString &host, quint16 port, bool ssl);

@@ -7,10 +7,7 @@
 #include <halvora/hrequest.h>
 
 #include <QDomElement>
-#include <QVector>
 #include <QXmlStreamWriter>
-
-#include <algorithm>
 
 namespace {
 
@@ -18,17 +15,25 @@ constexpr int longestSentence = 300;
 
 const auto version = QLatin1String("1");
 
-// XML 1.0, section 2.2. A carriage return is a character too, but whoever reads it gets a line feed.
-bool isXmlCharacter(uint code)
+// XML 1.0, section 2.2, of what a single unit can be. A carriage return is a character too, but whoever reads
+// it gets a line feed.
+bool isXmlCharacter(QChar unit)
 {
-    return (code >= 0x20 && !QChar::isSurrogate(code) && code != 0xFFFE && code != 0xFFFF) || code == '\t'
-        || code == '\n';
+    const ushort code = unit.unicode();
+    return (code >= 0x20 && code < 0xFFFE && !unit.isSurrogate()) || code == '\t' || code == '\n';
 }
 
 bool canXmlCarry(const QString &text)
 {
-    const QVector<uint> codes = text.toUcs4();
-    return std::all_of(codes.begin(), codes.end(), isXmlCharacter);
+    for (int i = 0; i < text.size(); ++i) {
+        const bool isPair =
+            text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        if (isPair)
+            ++i;
+        else if (!isXmlCharacter(text.at(i)))
+            return false;
+    }
+    return true;
 }
 
 RequestFailure refusal(const QDomElement &error)

@@ -17,7 +17,7 @@ class Envelope {
 public:
     /// The document of @p request; a failure when it would hold what XML can not carry.
     static RequestFailure write(HRequest &request, const QString &session, QByteArray &document);
-    /// Guards and parses @p bytes and gives the reply's own element, which may be kept as long as @p document.
-    /// A refusal of the service is a failure.
+    /// Guards and parses @p bytes and gives the reply's own element, which may be kept as long as @p
+    /// document. A refusal of the service is a failure.
     static RequestFailure read(const QByteArray &bytes, QDomDocument &document, QDomElement &element);
 };

@@ -25,9 +25,8 @@ HServer::HServer(Core *core, QObject *parent)
     qRegisterMetaType<HServer::State>("HServer::State");
     m_deadlineTimer.setSingleShot(true);
     m_deadlineTimer.setTimerType(Qt::PreciseTimer);
-    connect(&m_deadlineTimer, &QTimer::timeout, this, [this] {
-        m_worker->interrupt(m_watched, RequestFailure::Kind::TimedOut);
-    });
+    connect(&m_deadlineTimer, &QTimer::timeout, this,
+            [this] { m_worker->interrupt(m_watched, RequestFailure::Kind::TimedOut); });
     connect(m_worker.get(), &ServerWorker::changed, this, &HServer::lookAtWorker, Qt::QueuedConnection);
     connect(m_worker.get(), &QThread::finished, this, &HServer::startWorker, Qt::QueuedConnection);
     startWorker();
@@ -182,8 +181,8 @@ void HServer::deliver(const ServerJob &job)
     const RequestFailure failure = request.failure();
     const bool isLogin = request.isLoginRequest();
     // A login that was applied meanwhile has a session of its own, which nobody refused.
-    const bool sessionEnded = failure.kind() == RequestFailure::Kind::RefusedSession
-        && job.situation.session == m_situation->session;
+    const bool sessionEnded = failure.kind() == RequestFailure::Kind::RefusedSession &&
+                              job.situation.session == m_situation->session;
 
     follow(failure, isLogin, sessionEnded);
     m_queue->goOn(job.turn);

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <halvora/hserveraddressrotator.h>
 
-HServerAddressRotator::HServerAddressRotator(const QString &configName, const QList<HServerAddress> &addresses)
+HServerAddressRotator::HServerAddressRotator(const QString &configName,
+                                             const QList<HServerAddress> &addresses)
     : m_configName(configName)
     , m_addresses(addresses)
 {

@@ -44,8 +44,8 @@ size_t onBody(char *data, size_t, size_t size, void *user)
 bool isContentEncoding(const QByteArray &line)
 {
     const int colon = line.indexOf(':');
-    return line.left(colon).trimmed().toLower() == "content-encoding"
-        && line.mid(colon + 1).trimmed().toLower() != "identity";
+    return line.left(colon).trimmed().toLower() == "content-encoding" &&
+           line.mid(colon + 1).trimmed().toLower() != "identity";
 }
 
 size_t onHeader(char *data, size_t, size_t size, void *user)

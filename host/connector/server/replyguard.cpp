@@ -11,6 +11,8 @@ QT_WARNING_DISABLE_DEPRECATED
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
+#include <algorithm>
+
 namespace {
 
 class Counter final : public QXmlDefaultHandler {
@@ -25,7 +27,8 @@ public:
         return refuse(QStringLiteral("a DOCTYPE"));
     }
 
-    bool startElement(const QString &, const QString &, const QString &, const QXmlAttributes &attributes) override
+    bool startElement(const QString &, const QString &, const QString &,
+                      const QXmlAttributes &attributes) override
     {
         if (++m_depth > m_limits.depth)
             return refuse(QStringLiteral("too deep"));
@@ -74,12 +77,26 @@ bool mayBeBuilt(const QByteArray &bytes, const ReplyLimits &limits, QString &why
     return good && why.isEmpty();
 }
 
+// The parser lets control characters pass, which XML 1.0 forbids. No other encoding than one that has ASCII
+// in it gets past this either.
+bool holdsControls(const QByteArray &bytes)
+{
+    return std::any_of(bytes.begin(), bytes.end(), [](char byte) {
+        return uchar(byte) < 0x20 && byte != '\t' && byte != '\n' && byte != '\r';
+    });
+}
+
 } // namespace
 
-bool ReplyGuard::parse(const QByteArray &bytes, const ReplyLimits &limits, QDomDocument &document, QString &why)
+bool ReplyGuard::parse(const QByteArray &bytes, const ReplyLimits &limits, QDomDocument &document,
+                       QString &why)
 {
     if (bytes.size() > limits.bytes) {
         why = QStringLiteral("too many bytes");
+        return false;
+    }
+    if (holdsControls(bytes)) {
+        why = QStringLiteral("control characters");
         return false;
     }
     if (!mayBeBuilt(bytes, limits, why))

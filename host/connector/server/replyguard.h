@@ -18,7 +18,8 @@ struct ReplyLimits {
 /// that nothing is built of what would take the program's memory or time. Any thread.
 class ReplyGuard {
 public:
-    /// False, with what is wrong in @p why, unless @p bytes are well-formed XML without a DOCTYPE inside the
-    /// limits.
-    static bool parse(const QByteArray &bytes, const ReplyLimits &limits, QDomDocument &document, QString &why);
+    /// False, with what is wrong in @p why, unless @p bytes are well-formed XML without a DOCTYPE or a
+    /// control character, inside the limits.
+    static bool parse(const QByteArray &bytes, const ReplyLimits &limits, QDomDocument &document,
+                      QString &why);
 };

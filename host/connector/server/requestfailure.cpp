@@ -55,8 +55,8 @@ QString RequestFailure::sentence() const
         return tr("The account service sent a reply that can not be read.");
     case Kind::CredentialsTest:
         return m_detail.isEmpty()
-            ? tr("No news server could be reached to test the user name and the password.")
-            : tr("The news server did not accept the user name and the password.");
+                   ? tr("No news server could be reached to test the user name and the password.")
+                   : tr("The news server did not accept the user name and the password.");
     case Kind::RefusedCredentials:
         return m_detail.isEmpty() ? tr("The account service did not accept the user name and the password.")
                                   : m_detail;

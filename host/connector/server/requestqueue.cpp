@@ -114,9 +114,8 @@ RequestQueue::Jobs::iterator RequestQueue::nextCandidate()
 RequestQueue::Jobs RequestQueue::take()
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this] {
-        return m_closed || (m_unfollowed == 0 && nextCandidate() != m_waiting.end());
-    });
+    m_changed.wait(lock,
+                   [this] { return m_closed || (m_unfollowed == 0 && nextCandidate() != m_waiting.end()); });
     Jobs job;
     if (m_closed)
         return job;

@@ -101,6 +101,6 @@ private:
     quint64 m_situationNumber = 1;
     quint64 m_lastTurn = 0;
     quint64 m_unfollowed = 0; ///< the turn from which conclusions are still to be drawn
-    qint64 m_first = 0; ///< GUI thread
-    qint64 m_last = 0;  ///< GUI thread
+    qint64 m_first = 0;       ///< GUI thread
+    qint64 m_last = 0;        ///< GUI thread
 };

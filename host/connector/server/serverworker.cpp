@@ -85,7 +85,8 @@ RequestFailure ServerWorker::exchange(ServerJob &job)
         return Kind::NotTrusted;
 
     QByteArray reply;
-    failure = m_client.post({address.host(), address.port(), m_core->authorityFile()}, document, job.deadline, reply);
+    failure = m_client.post({address.host(), address.port(), m_core->authorityFile()}, document, job.deadline,
+                            reply);
     if (!failure.isNull())
         return failure;
 

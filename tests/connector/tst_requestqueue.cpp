@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "requestqueue.h"
+
+#include <QtTest>
+
+using Kind = RequestFailure::Kind;
+using Jobs = RequestQueue::Jobs;
+
+/// The moments between two threads that no test of the whole can hit for certain, one thread playing both.
+class RequestQueueTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void anInterruptionOfAnEarlierTurnIsVoid();
+    void aRequestThatWasPutBackHasAnotherTurn();
+    void anInterruptionAfterTheEndIsVoid();
+    void anInterruptionWhileARequestIsAskedEndsIt();
+    void whatEndsAfterTheQueueWasClosedIsUnsuccessful();
+    void whatIsPutBackAfterTheQueueWasClosedIsUnsuccessful();
+    void whatEndedBeforeALogoutIsUnsuccessfulToo();
+    void aJobKeepsTheSituationInWhichItWasTaken();
+
+private:
+    static QSharedPointer<HRequest> request();
+    /// Makes the queue such that take() does not wait.
+    static Jobs taken(RequestQueue &queue);
+    static bool interrupt(RequestQueue &queue, quint64 turn);
+};
+
+QSharedPointer<HRequest> RequestQueueTest::request()
+{
+    return QSharedPointer<HRequest>(new HRequest(nullptr));
+}
+
+Jobs RequestQueueTest::taken(RequestQueue &queue)
+{
+    queue.append(request());
+    return queue.take();
+}
+
+bool RequestQueueTest::interrupt(RequestQueue &queue, quint64 turn)
+{
+    bool wasCalled = false;
+    queue.interrupt(turn, Kind::TimedOut, [&wasCalled] { wasCalled = true; });
+    return wasCalled;
+}
+
+void RequestQueueTest::anInterruptionOfAnEarlierTurnIsVoid()
+{
+    RequestQueue queue;
+    Jobs first = taken(queue);
+    const quint64 turn = queue.current().turn;
+    QVERIFY(queue.finish(first));
+    queue.goOn(turn);
+    Jobs second = taken(queue);
+    QVERIFY(!interrupt(queue, turn));
+    QVERIFY(queue.finish(second));
+    QVERIFY(queue.takeFinished().front().request->isSuccessful());
+    QVERIFY(queue.takeFinished().front().request->isSuccessful());
+    QVERIFY(queue.takeFinished().empty());
+}
+
+void RequestQueueTest::aRequestThatWasPutBackHasAnotherTurn()
+{
+    RequestQueue queue;
+    Jobs job = taken(queue);
+    const RequestQueue::Current before = queue.current();
+    QVERIFY(queue.putBack(job));
+    QCOMPARE(queue.current().turn, quint64(0));
+    queue.setSituation({});
+    job = queue.take();
+    QVERIFY(queue.current().turn != before.turn);
+    QVERIFY(queue.current().deadline >= before.deadline);
+    QVERIFY(!interrupt(queue, before.turn));
+    QVERIFY(queue.finish(job));
+}
+
+void RequestQueueTest::anInterruptionAfterTheEndIsVoid()
+{
+    RequestQueue queue;
+    Jobs job = taken(queue);
+    const quint64 turn = queue.current().turn;
+    QVERIFY(queue.finish(job));
+    QVERIFY(!interrupt(queue, turn));
+    QVERIFY(!interrupt(queue, 0));
+    QVERIFY(queue.takeFinished().front().request->isSuccessful());
+}
+
+void RequestQueueTest::anInterruptionWhileARequestIsAskedEndsIt()
+{
+    RequestQueue queue;
+    Jobs job = taken(queue);
+    QVERIFY(interrupt(queue, queue.current().turn));
+    QVERIFY(!queue.putBack(job)); // the worker has to end
+    QCOMPARE(queue.takeFinished().front().request->failure().kind(), Kind::TimedOut);
+}
+
+void RequestQueueTest::whatEndsAfterTheQueueWasClosedIsUnsuccessful()
+{
+    RequestQueue queue;
+    Jobs job = taken(queue);
+    queue.close();
+    QCOMPARE(queue.finishedCount(), std::size_t(0));
+    QVERIFY(queue.finish(job));
+    QCOMPARE(queue.takeFinished().front().request->failure().kind(), Kind::ShuttingDown);
+    QVERIFY(queue.take().empty());
+}
+
+void RequestQueueTest::whatIsPutBackAfterTheQueueWasClosedIsUnsuccessful()
+{
+    RequestQueue queue;
+    Jobs job = taken(queue);
+    queue.close();
+    queue.putBack(job);
+    QCOMPARE(queue.takeFinished().front().request->failure().kind(), Kind::ShuttingDown);
+    QVERIFY(queue.take().empty());
+}
+
+void RequestQueueTest::whatEndedBeforeALogoutIsUnsuccessfulToo()
+{
+    RequestQueue queue;
+    Jobs job = taken(queue);
+    QVERIFY(queue.finish(job));
+    queue.append(request());
+    bool wasInterrupted = false;
+    queue.abandon(Kind::LoggedOut, [&wasInterrupted] { wasInterrupted = true; });
+    QVERIFY(!wasInterrupted); // nothing was in hand
+    QCOMPARE(queue.finishedCount(), std::size_t(2));
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(queue.takeFinished().front().request->failure().kind(), Kind::LoggedOut);
+}
+
+void RequestQueueTest::aJobKeepsTheSituationInWhichItWasTaken()
+{
+    RequestQueue queue;
+    ServerSituation situation;
+    situation.session = QStringLiteral("first");
+    queue.setSituation(situation);
+    Jobs job = taken(queue);
+    situation.session = QStringLiteral("second");
+    queue.setSituation(situation);
+    QCOMPARE(job.front().situation.session, QStringLiteral("first"));
+    QVERIFY(queue.finish(job));
+    QCOMPARE(queue.takeFinished().front().situation.session, QStringLiteral("first"));
+}
+
+QTEST_GUILESS_MAIN(RequestQueueTest)
+#include "tst_requestqueue.moc"
