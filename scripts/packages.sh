@@ -9,7 +9,7 @@ run="cmake ninja-build g++ pkg-config qtbase5-dev libqt5svg5-dev qttools5-dev qt
      qtkeychain-qt5-dev xvfb fonts-dejavu-core xdg-utils shared-mime-info"
 test="libsqlite3-dev inn2 openssl openbox xdotool desktop-file-utils appstream libfile-mimeinfo-perl
       libxml2-utils librsvg2-bin binutils procps"
-lint="clang libclang-rt-14-dev clang-tidy clazy clang-format"
+lint="git clang libclang-rt-14-dev clang-tidy clazy clang-format"
 
 wanted=$run
 case ${1:-run} in

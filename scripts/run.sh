@@ -61,9 +61,10 @@ if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     export DISPLAY=:$number
 fi
 
-# A profile and a home of its own: the demo leaves nothing in the user's folders.
-mkdir -m 700 "$work/home" "$work/home/run"
-[ -z "$picture" ] || export HOME=$work/home XDG_RUNTIME_DIR=$work/home/run DBUS_SESSION_BUS_ADDRESS=disabled:
+# A home and a keyring-less session of its own: the demo leaves nothing in the user's folders.
+mkdir -m 700 "$work/home"
+export XAUTHORITY=${XAUTHORITY:-$HOME/.Xauthority} HOME=$work/home DBUS_SESSION_BUS_ADDRESS=disabled:
+unset XDG_CONFIG_HOME XDG_DATA_HOME XDG_CACHE_HOME
 arguments=(--account-service "$ACCOUNT_SERVICE" --account-ca "$ACCOUNT_CA" --profile "$work/profile"
     --plugins "$build/plugins" --user demo --password-fd 4)
 [ -z "$picture" ] || arguments+=(--screenshot "$picture")

@@ -82,6 +82,11 @@ CommandLine::Result CommandLine::parse(const QStringList &arguments, Options &op
                                            QCoreApplication::applicationVersion());
         return Done;
     }
+    // An empty one is a shell variable that was forgotten, never a wish.
+    for (const QCommandLineOption &option : {profile, plugins, screenshot, user}) {
+        if (parser.isSet(option) && parser.value(option).isEmpty())
+            return misused(tr("--%1 needs a value.").arg(option.names().constFirst()));
+    }
     if (parser.isSet(service) && !parseService(parser.value(service), options))
         return misused(tr("--account-service needs a host and a port, for example localhost:5598."));
     if (parser.isSet(authority) && !QFileInfo(parser.value(authority)).isReadable())

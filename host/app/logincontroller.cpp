@@ -86,6 +86,8 @@ void LoginController::start(const QString &user, const QString &password)
         m_passwords->look(name);
     else
         Q_EMIT accountUnknown();
+    if (name.isEmpty() && !password.isEmpty())
+        m_window->showNotice(tr("A password was given, but nobody said whose it is."));
     updateMenu();
 }
 
@@ -115,11 +117,23 @@ void LoginController::showDialog()
         m_dialog->setAttribute(Qt::WA_DeleteOnClose);
         m_dialog->setAccount(m_plugin->connector()->username(), QString());
         connect(m_dialog, &LoginDialog::loginRequested, this, &LoginController::logIn);
+        connect(m_dialog, &QDialog::rejected, this, &LoginController::cancelLogin);
         // It is destroyed a little later, and must not be shown again until then.
         connect(m_dialog, &QDialog::finished, this, [this] { m_dialog.clear(); });
         m_dialog->setBusy(m_plugin->connector()->server()->connectorState() == HServer::Connecting);
     }
     m_dialog->open();
+}
+
+// Without the password nothing tries again.
+void LoginController::cancelLogin()
+{
+    Connector *connector = m_plugin->connector();
+    if (connector->server()->connectorState() != HServer::Connecting)
+        return;
+    m_retry.stop();
+    connector->setAccount(connector->username(), QString());
+    connector->server()->logOut();
 }
 
 void LoginController::logOut()

@@ -40,6 +40,7 @@ private:
     void passwordFound(const QString &user, const QString &password);
     void follow(HServer::State state);
     void tell(const RequestFailure &failure, bool isLogin);
+    void cancelLogin();
     void relogin();
     void retryLater();
     void retry();

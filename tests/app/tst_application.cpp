@@ -37,6 +37,7 @@ private Q_SLOTS:
     void initTestCase();
     void aLoginFillsTheAccountPanel();
     void aWrongPasswordIsToldInTheDialogAndMayBeMended();
+    void cancellingTheDialogCancelsTheLogin();
     void theNewsServersOwnReplyIsShown();
     void theUserIsRememberedButThePasswordIsInNoFile();
     void loggingOutForgetsUserAndState();
@@ -138,6 +139,23 @@ void TestApplication::aWrongPasswordIsToldInTheDialogAndMayBeMended()
     QVERIFY(program.find<QPushButton>("logIn")->isEnabled());
     program.logIn(demo(), rightPassword());
     QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+}
+
+void TestApplication::cancellingTheDialogCancelsTheLogin()
+{
+    RunningProgram program;
+    program.open();
+    program.service().setFault(fault(corvia::Fault::Kind::Stall));
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.service().requests().size(), size_t(1));
+    program.find<QDialog>("LoginDialog")->reject();
+    QCOMPARE(program.server().connectorState(), HServer::Disconnected);
+    program.service().setFault(fault(corvia::Fault::Kind::None));
+    // Nothing of it comes back; the next login is the person's own.
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    QCOMPARE(program.service().requests().size(), size_t(2));
     program.close();
 }
 

@@ -99,6 +99,8 @@ void TestCommandLine::whatIsWrongIsToldInASentence_data()
     row("no number", {QStringLiteral("--password-fd"), QStringLiteral("x")});
     row("not open", {QStringLiteral("--password-fd"), QStringLiteral("987")});
     row("negative", {QStringLiteral("--password-fd=-1")});
+    row("empty profile", {QStringLiteral("--profile"), QString()});
+    row("empty picture", {QStringLiteral("--screenshot=")});
     row("two links", {QStringLiteral("a"), QStringLiteral("b")});
 }
 
