@@ -12,6 +12,7 @@ while [ $# -gt 0 ]; do
     case $1 in
     --picture)
         picture=$(readlink -m "${2:?--picture needs a file}")
+        mkdir -p "$(dirname "$picture")"
         shift 2
         ;;
     --)

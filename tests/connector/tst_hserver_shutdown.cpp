@@ -184,7 +184,7 @@ void HServerShutdownTest::destroyingTheProviderEndsTheWorker()
 void HServerShutdownTest::aConnectorThatGoesEndsItsWorkerFirst()
 {
     auto connector = std::make_unique<Connector>(&m_account->core(), &m_account->plugin());
-    connector->setAccount(QStringLiteral("demo"), QStringLiteral("pinegate"));
+    connector->setAccount(QString::fromLatin1("demo"), QString::fromLatin1("pinegate")); // freed in time
     const auto reading = RecordingRequest::eager(connector.get(), QStringLiteral("reading"), m_journal.get());
     const auto misread = std::make_shared<std::atomic<int>>(0);
     reading->onAllowed = [](bool, bool) { return true; };
