@@ -30,7 +30,7 @@ RecordingRequest::~RecordingRequest()
 QSharedPointer<RecordingRequest> RecordingRequest::eager(Connector *connector, const QString &name,
                                                          Journal *journal)
 {
-    const QSharedPointer<RecordingRequest> request(new RecordingRequest(connector, name, journal));
+    QSharedPointer<RecordingRequest> request(new RecordingRequest(connector, name, journal));
     request->onAllowed = [](bool serverReady, bool) { return serverReady; };
     return request;
 }

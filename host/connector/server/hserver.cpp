@@ -37,8 +37,8 @@ HServer::~HServer()
     if (shutDown())
         return;
     // A worker that still runs keeps what it knows; to destroy a running thread would end the process.
-    m_worker.release();
-    m_queue.release();
+    static_cast<void>(m_worker.release());
+    static_cast<void>(m_queue.release());
 }
 
 HServer::State HServer::connectorState() const

@@ -82,7 +82,8 @@ public:
     QString newsServerReply() const;
     void setNewsServerReply(const QString &line);
 
-    /// A PEM file of authorities to trust besides the system's; empty for none. Any thread.
+    /// A PEM file of authorities: the only ones for the account service, and trusted besides the system's at
+    /// news servers. Empty for none. Any thread.
     QString authorityFile() const;
     void setAuthorityFile(const QString &file);
 

@@ -76,7 +76,7 @@ QPixmap hRetinaPixmap3(const QString &pattern, int number, bool retina)
             return pixmap;
         }
     }
-    return QPixmap(numbered(pattern, number));
+    return {numbered(pattern, number)};
 }
 
 int hDockWidgetHeight()

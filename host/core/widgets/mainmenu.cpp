@@ -26,7 +26,6 @@ MainMenu::MainMenu(Core *core, QMainWindow *window)
     , m_program(addMenu(window, "halvora.programMenu"))
     , m_account(addMenu(window, "halvora.accountMenu"))
     , m_view(new ViewMenu(window))
-    , m_help(nullptr)
 {
     window->menuBar()->setObjectName(QStringLiteral("halvora.menuBar"));
     window->menuBar()->addMenu(m_view);

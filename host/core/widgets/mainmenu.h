@@ -39,7 +39,7 @@ private:
     QMenu *m_program;
     QMenu *m_account;
     ViewMenu *m_view;
-    QMenu *m_help;
+    QMenu *m_help = nullptr;
     QAction *m_settings = nullptr;
     QAction *m_quit = nullptr;
     QAction *m_login = nullptr;

@@ -20,7 +20,6 @@ constexpr int noticeTime = 30000; // milliseconds
 
 StatusLine::StatusLine(const TrafficMeter &meter, QWidget *parent)
     : QStatusBar(parent)
-    , m_state(MainWindow::Offline)
     , m_dot(new StateDot(this))
     , m_stateText(new ElidedLabel(this))
     , m_notice(new ElidedLabel(this))

@@ -27,7 +27,7 @@ protected:
 private:
     void showState();
 
-    int m_state;
+    int m_state = 0; ///< a MainWindow::OnlineState; offline
     QString m_text;
     StateDot *m_dot;
     ElidedLabel *m_stateText;

@@ -9,7 +9,7 @@
 
 namespace {
 
-const QRgb programsOwn = qRgb(0x3a, 0x4a, 0x65);
+constexpr QRgb programsOwn = 0xff3a4a65;
 QRgb base = programsOwn;
 
 qreal linear(qreal channel)
