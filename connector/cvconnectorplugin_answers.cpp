@@ -51,7 +51,7 @@ QString CVConnectorPlugin::productTag() const
 
 QString CVConnectorPlugin::emptyText() const
 {
-    return QStringLiteral("");
+    return QLatin1String("");
 }
 
 HJobResultHandler *CVConnectorPlugin::jobResultHandler() const
@@ -84,7 +84,10 @@ bool CVConnectorPlugin::isTrialSupported() const
 
 QString CVConnectorPlugin::detailsUrl(const HStorageId &id) const
 {
-    return QStringLiteral("%1://details?filegroup=%2").arg(urlScheme()).arg(id.toString());
+    // One after the other: what stands for %1 may name the second.
+    return QStringLiteral("%1://details?filegroup=%2") // clazy:exclude=qstring-arg
+        .arg(urlScheme())
+        .arg(id.toString());
 }
 
 QString CVConnectorPlugin::urlScheme() const

@@ -21,8 +21,8 @@ inline const QString hostProductVersion = QStringLiteral("0.1.0");
 
 // The account service; an empty host means that there is no such address
 inline const QString primaryServiceHost = QStringLiteral("accounts.corvia.example");
-inline const QString secondaryServiceHost = QStringLiteral("");
-inline const QString tertiaryServiceHost = QStringLiteral("");
+inline const QString secondaryServiceHost = QLatin1String("");
+inline const QString tertiaryServiceHost = QLatin1String("");
 
 // Bookmarks
 inline const QString bookmarkManagerName = QStringLiteral("CVBookmarkManager");

@@ -33,7 +33,7 @@ QColor blended(const QColor &front, const QColor &back, double part)
 QString byteText(double bytes)
 {
     // The largest qint64 is no double, so the next one is already too large for a conversion.
-    const double limit = double(std::numeric_limits<qint64>::max());
+    const auto limit = double(std::numeric_limits<qint64>::max());
     const auto count = bytes >= limit ? std::numeric_limits<qint64>::max() : qint64(bytes);
     return StringFormat::byteCount(count, StringFormat::ByteFormatDefault, StringFormat::BinaryNotation, -1);
 }
