@@ -25,6 +25,8 @@ private Q_SLOTS:
 
 void TestCommandLine::everyOptionIsRead()
 {
+    int ends[2];
+    QCOMPARE(::pipe(ends), 0);
     Options options;
     QString text;
     const QStringList arguments{QStringLiteral("halvora"),
@@ -40,7 +42,7 @@ void TestCommandLine::everyOptionIsRead()
                                 QStringLiteral("--user"),
                                 QStringLiteral("demo"),
                                 QStringLiteral("--password-fd"),
-                                QStringLiteral("0"),
+                                QString::number(ends[0]),
                                 QStringLiteral("pinegate://details?filegroup=abc")};
     QCOMPARE(CommandLine::parse(arguments, options, text), CommandLine::Run);
     QCOMPARE(options.serviceHost, QStringLiteral("localhost"));
@@ -50,7 +52,9 @@ void TestCommandLine::everyOptionIsRead()
     QCOMPARE(options.pluginDirectory, QStringLiteral("q"));
     QCOMPARE(options.screenshot, QStringLiteral("s.png"));
     QCOMPARE(options.user, QStringLiteral("demo"));
-    QCOMPARE(options.passwordDescriptor, 0);
+    QCOMPARE(options.passwordDescriptor, ends[0]);
+    ::close(ends[0]);
+    ::close(ends[1]);
     QCOMPARE(options.link, QStringLiteral("pinegate://details?filegroup=abc"));
 }
 
