@@ -21,9 +21,8 @@ namespace {
 constexpr int rounds = 15;
 
 /// One line of microseconds, in the order of stageNames().
-void measureOnce()
+void measureOnce(const QString &profile)
 {
-    const QTemporaryDir profile;
     Benchmark benchmark;
     {
         QMainWindow empty;
@@ -31,7 +30,7 @@ void measureOnce()
         QApplication::processEvents();
     }
     benchmark.lap(QStringLiteral("empty QMainWindow, shown"));
-    Core core(profile.path());
+    Core core(profile);
     MainWindow window(&core);
     core.setMainWindow(&window);
     benchmark.lap(QStringLiteral("core and main window"));
@@ -62,14 +61,15 @@ int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     if (argc > 1) {
-        measureOnce();
+        measureOnce(QCoreApplication::arguments().at(1));
         return 0;
     }
     QStringList names;
     QVector<QVector<double>> figures;
     for (int round = 0; round <= rounds; ++round) {
+        const QTemporaryDir profile;
         QProcess process;
-        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--once")});
+        process.start(QCoreApplication::applicationFilePath(), {profile.path()});
         process.waitForFinished();
         if (round == 0)
             continue; // warms the disk's cache
