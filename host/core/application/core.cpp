@@ -8,6 +8,8 @@
 #include <halvora/mainwindow.h>
 #include <halvora/platformmanager.h>
 #include <halvora/pluginmanager.h>
+#include <halvora/privatedataregistry.h>
+#include <halvora/settingsregistry.h>
 #include <halvora/storagemanager.h>
 #include <halvora/trafficmeter.h>
 
@@ -37,6 +39,8 @@ Core::Core(const QString &profile, QObject *parent)
     , m_storage(std::make_unique<StorageManager>(profile))
     , m_locale(std::make_unique<LocaleManager>(*m_settings))
     , m_plugin(std::make_unique<PluginManager>())
+    , m_privateData(std::make_unique<PrivateDataRegistry>())
+    , m_settingsRegistry(std::make_unique<SettingsRegistry>())
     , m_links(std::make_unique<LinkOpener>())
     , m_providerName(QStringLiteral("provider"))
 {
@@ -62,6 +66,16 @@ LocaleManager *Core::locale() const
 PluginManager *Core::plugin() const
 {
     return m_plugin.get();
+}
+
+PrivateDataRegistry *Core::privateData() const
+{
+    return m_privateData.get();
+}
+
+SettingsRegistry *Core::settingsRegistry() const
+{
+    return m_settingsRegistry.get();
 }
 
 QSettings &Core::settings() const

@@ -18,8 +18,10 @@ class LocaleManager;
 class MainWindow;
 class PlatformManager;
 class PluginManager;
+class PrivateDataRegistry;
 class QDomElement;
 class QSettings;
+class SettingsRegistry;
 class StorageManager;
 class TrafficMeter;
 
@@ -44,6 +46,8 @@ public:
     StorageManager *storage() const;
     LocaleManager *locale() const;
     PluginManager *plugin() const;
+    PrivateDataRegistry *privateData() const;
+    SettingsRegistry *settingsRegistry() const;
     /// The program's settings file.
     QSettings &settings() const;
     /// Counts bytes on any thread.
@@ -99,6 +103,8 @@ private:
     std::unique_ptr<StorageManager> m_storage;
     std::unique_ptr<LocaleManager> m_locale;
     std::unique_ptr<PluginManager> m_plugin;
+    std::unique_ptr<PrivateDataRegistry> m_privateData;
+    std::unique_ptr<SettingsRegistry> m_settingsRegistry;
     std::unique_ptr<LinkOpener> m_links;
     QString m_providerName;
     QPointer<MainWindow> m_mainWindow;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <halvora/pluginmanager.h>
 
+#include <halvora/bookmarkprovider.h>
+
 PluginManager::PluginManager() = default;
 
 PluginManager::~PluginManager()
@@ -26,4 +28,14 @@ void PluginManager::clear()
 {
     while (!m_plugins.empty())
         m_plugins.pop_back();
+}
+
+void PluginManager::setBookmarkProvider(BookmarkProvider *provider)
+{
+    m_bookmarkProvider = provider;
+}
+
+BookmarkProvider *PluginManager::bookmarkProvider() const
+{
+    return m_bookmarkProvider;
 }

@@ -6,11 +6,15 @@
 #include <halvora/iplugin.h>
 
 #include <QList>
+#include <QPointer>
 
 #include <memory>
 #include <vector>
 
-/// The sub-plugins of the program, in the order of their registration. GUI thread.
+class BookmarkProvider;
+
+/// What plug-ins offer to the program: sub-plugins, in the order of their registration, and the bookmarks.
+/// GUI thread.
 class HALVORA_CORE_EXPORT PluginManager {
 public:
     PluginManager();
@@ -22,6 +26,12 @@ public:
     QList<IPlugin *> plugins() const;
     void clear();
 
+    /// The bookmarks that the program asks; the one before is forgotten. Not owned.
+    void setBookmarkProvider(BookmarkProvider *provider);
+    /// Null when there is none or it is gone.
+    BookmarkProvider *bookmarkProvider() const;
+
 private:
     std::vector<std::unique_ptr<IPlugin>> m_plugins;
+    QPointer<BookmarkProvider> m_bookmarkProvider;
 };

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <halvora/coreexport.h>
+
+#include <functional>
+
+class QSqlQuery;
+class QString;
+
+/// What everybody who uses a database needs. GUI thread.
+class HALVORA_CORE_EXPORT DBUtils {
+public:
+    /// Logs why the last statement of @p query failed and tells the failure handler. Does nothing when it did
+    /// not fail.
+    static void checkForErrors(const QSqlQuery &query);
+
+    /// Told of each failure with the database's own words; an empty function for nobody.
+    static void setFailureHandler(std::function<void(const QString &reason)> handler);
+
+    /// Closes every database connection of the process, for an end at which nothing is destroyed any more.
+    static void closeAll();
+};
