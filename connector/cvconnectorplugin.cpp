@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "connector/cvconnectorplugin.h"
 
+#include "bookmarks/cvbookmarkmanager.h"
+#include "bookmarks/cvbookmarkprovider.h"
 #include "panels/cvinfotoolwidget.h"
 #include "plugin/constants.h"
 #include "requests/cvcontext.h"
@@ -18,6 +20,7 @@
 #include <halvora/hserveraddressrotator.h>
 #include <halvora/mainwindow.h>
 #include <halvora/pluginmanager.h>
+#include <halvora/privatedataregistry.h>
 #include <halvora/statsplugin.h>
 
 #include <QAction>
@@ -58,6 +61,10 @@ CVConnectorPlugin::~CVConnectorPlugin()
 void CVConnectorPlugin::init(Benchmark &benchmark)
 {
     ConnectorPlugin::init(benchmark);
+    m_bookmarkManager = new CVBookmarkManager(this);
+    m_bookmarkManager->setParent(this);
+    core()->plugin()->setBookmarkProvider(m_bookmarkManager->provider());
+    core()->privateData()->registerPrivateData(m_bookmarkManager);
     setErrorReportVisible(true);
 }
 

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QSharedPointer>
 
+class CVBookmarkManager;
 class CVInfoToolWidget;
 class CVLoginRequest;
 class CVStatusRequest;
@@ -64,6 +65,7 @@ private:
 
     HJobResultHandler *m_jobResultHandler;
     QTimer *m_statusTimer;
+    CVBookmarkManager *m_bookmarkManager = nullptr; ///< a child, made by init()
     QAction *m_aboutAction;
     QPointer<CVInfoToolWidget> m_infoPanel; ///< the main window's
     QPointer<HAboutDialog> m_aboutDialog;   ///< deletes itself on close

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "bookmarks/preparedstatement.h"
+#include "bookmarks/siblingorders.h"
+
+#include <QList>
+
+class BookmarkItem;
+class QSqlDatabase;
+
+/// Writes bookmarks to their table. After each commit every row of a list that was written has its place in
+/// the list as its order; an order that is known to be stored already is not written again. Has to go before
+/// the connection is removed. GUI thread.
+class BookmarkWriter {
+public:
+    BookmarkWriter();
+
+    void begin(const QSqlDatabase &database);
+    void commit(const QSqlDatabase &database);
+
+    /// Updates the row of @p item, or inserts one and gives the item its id: 0 when that failed, so that the
+    /// next write tries again. Whether a write succeeded is not told.
+    void writeRow(const QSqlDatabase &database, BookmarkItem *item);
+    /// Stores the places of @p siblings, the list below @p parent or, for null, the top level.
+    void writeOrder(const QSqlDatabase &database, const BookmarkItem *parent,
+                    const QList<BookmarkItem *> &siblings);
+    void deleteRow(const QSqlDatabase &database, qint64 id);
+
+    /// To be called when a list of siblings changed otherwise than by an append.
+    void listChanged() { m_orders.unsettle(); }
+    /// To be called when rows changed otherwise than through this object.
+    void forgetOrders() { m_orders.forget(); }
+
+private:
+    bool run(PreparedStatement &statement, const QSqlDatabase &database,
+             std::initializer_list<QVariant> values = {});
+
+    PreparedStatement m_begin;
+    PreparedStatement m_commit;
+    PreparedStatement m_insert;
+    PreparedStatement m_update;
+    PreparedStatement m_order;
+    PreparedStatement m_delete;
+    SiblingOrders m_orders;
+};

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QHash>
+
+class BookmarkItem;
+
+/// What the rows' order column is known to hold, so that a write which would store the value that is there
+/// already can be left out. Everything is by row, never by item: while an item is moved, two items and two
+/// lists share a row. Only what was written counts; a row that was read is unknown.
+class SiblingOrders {
+public:
+    bool holds(qint64 id, int place) const;
+    /// @p place was stored for @p id. False when nobody may rely on it for longer than this write: the id is
+    /// no stored one, or another place was known before, which a second item of that row may still need.
+    bool note(qint64 id, int place);
+
+    /// The number of leading items of the list below @p parent (null for the top level) that need no look.
+    int settled(const BookmarkItem *parent) const;
+    /// The first @p count items of that list are at their places. One list is remembered, the last.
+    void settle(const BookmarkItem *parent, int count);
+    /// A list changed otherwise than at its end.
+    void unsettle();
+
+    /// Forgets everything, for when it is not known what was stored.
+    void forget();
+
+private:
+    QHash<qint64, int> m_places;
+    const BookmarkItem *m_settledParent = nullptr; ///< only compared; it may be gone
+    int m_settledCount = 0;
+};
