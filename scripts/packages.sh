@@ -5,9 +5,9 @@
 set -euo pipefail
 
 run="cmake ninja-build g++ pkg-config qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools
-     qttranslations5-l10n libqt5sql5-sqlite libcurl4-openssl-dev libcpp-httplib-dev libssl-dev libxml2-dev
+     qttranslations5-l10n libqt5sql5-sqlite libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev libssl-dev libxml2-dev
      qtkeychain-qt5-dev xvfb fonts-dejavu-core xdg-utils shared-mime-info"
-test="libsqlite3-dev inn2 openssl openbox xdotool desktop-file-utils appstream libfile-mimeinfo-perl
+test="inn2 openssl openbox xdotool desktop-file-utils appstream libfile-mimeinfo-perl
       libxml2-utils librsvg2-bin binutils procps"
 lint="git clang libclang-rt-14-dev clang-tidy clazy clang-format"
 

@@ -34,6 +34,17 @@
     <message><source>Settings</source><translation>Agordoj</translation></message>
 </context>
 <context>
+    <name>PrivacyPage</name>
+    <message>
+        <source>What is deleted when private data is cleared:</source>
+        <translation>Kio foriras, kiam privataj datumoj estas viŝataj:</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingPrivateData</name>
+    <message><source>Words searched for</source><translation>Serĉitaj vortoj</translation></message>
+</context>
+<context>
     <name>LoginDialog</name>
     <message><source>Log In</source><translation>Ensaluti</translation></message>
 </context>

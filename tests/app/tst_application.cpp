@@ -1,15 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "recordingprivatedata.h"
 #include "runningprogram.h"
 
+#include <halvora/bookmarkprovider.h>
 #include <halvora/connector.h>
 #include <halvora/connectorplugin.h>
 #include <halvora/hautosearchservice.h>
 #include <halvora/hlog.h>
+#include <halvora/isettings.h>
 #include <halvora/linkopener.h>
 #include <halvora/localemanager.h>
 #include <halvora/mainwindow.h>
 #include <halvora/pluginloader.h>
+#include <halvora/pluginmanager.h>
+#include <halvora/privatedataregistry.h>
+#include <halvora/settingsregistry.h>
 
 #include <QAction>
 #include <QDialog>
@@ -57,6 +63,7 @@ private Q_SLOTS:
     void theSettingsNameALimitOnlyWhenItIsKnown();
     void quittingWhileTheServiceStallsIsQuick();
     void callbacksComeOnceAndInTheirOrder();
+    void partsAreForgottenBeforeTheProviderGoes();
     void theLanguageChangesWhileItRuns();
     void theAboutActionStandsInTheHelpMenu();
 };
@@ -94,6 +101,20 @@ void rememberNewsServer(const RunningProgram &program, int port)
     settings.setValue(QStringLiteral("Ssl"), false);
     settings.endArray();
 }
+
+class NoBookmarks final : public BookmarkProvider {
+public:
+    bool isBookmarked(const QString &) const override { return false; }
+    QStringList bookmarkedNewsgroups() const override { return {}; }
+    QStringList recommendedNewsgroups() const override { return {}; }
+    void addBookmarks(const QStringList &) override {}
+    void refresh() override {}
+};
+
+class NoSettings final : public ISettings {
+public:
+    void resetSettings() override {}
+};
 
 corvia::Fault fault(corvia::Fault::Kind kind, int number = 0)
 {
@@ -475,6 +496,28 @@ void TestApplication::callbacksComeOnceAndInTheirOrder()
     program.close();
     expected << QStringLiteral("onShutdown");
     QCOMPARE(calls(), expected);
+}
+
+void TestApplication::partsAreForgottenBeforeTheProviderGoes()
+{
+    RunningProgram program;
+    program.open();
+    Core *core = program.application().core();
+    RecordingPrivateData data({});
+    NoSettings settings;
+    NoBookmarks bookmarks;
+    core->privateData()->registerPrivateData(&data);
+    core->settingsRegistry()->registerSettings(&settings);
+    core->plugin()->setBookmarkProvider(&bookmarks);
+    int gone = 0;
+    connect(program.application().connectorPlugin(), &QObject::destroyed, this, [core, &gone] {
+        ++gone;
+        QVERIFY(core->privateData()->parts().isEmpty());
+        QVERIFY(core->settingsRegistry()->parts().isEmpty());
+        QVERIFY(!core->plugin()->bookmarkProvider());
+    });
+    program.close();
+    QCOMPARE(gone, 1);
 }
 
 void TestApplication::theLanguageChangesWhileItRuns()

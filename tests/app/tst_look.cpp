@@ -1,19 +1,25 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "recordingprivatedata.h"
 #include "runningprogram.h"
 
 #include <halvora/connector.h>
 #include <halvora/connectorplugin.h>
 #include <halvora/mainwindow.h>
+#include <halvora/privatedataregistry.h>
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialog>
 #include <QDir>
 #include <QDockWidget>
 #include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QTabWidget>
 #include <QTest>
 
 #include <cmath>
@@ -29,7 +35,9 @@ private Q_SLOTS:
 
 private:
     void keep(QWidget *widget, const QString &name);
+    void keepSettings(RunningProgram &program);
     static void look(QWidget *widget);
+    static void lookAt(QWidget *text, const QString &words);
 };
 
 namespace {
@@ -96,13 +104,48 @@ void TestLook::keep(QWidget *widget, const QString &name)
 void TestLook::look(QWidget *widget)
 {
     const QList<QLabel *> labels = widget->findChildren<QLabel *>();
-    for (QLabel *label : labels) {
-        if (!label->isVisible() || label->text().isEmpty())
-            continue;
-        const QRect area(label->mapTo(label->window(), QPoint()), label->size());
-        const double value = contrast(label->window()->grab(area).toImage());
-        QVERIFY2(value >= 4.5, qPrintable(QStringLiteral("%1: %2").arg(label->text()).arg(value)));
+    for (QLabel *label : labels)
+        lookAt(label, label->text());
+    const QList<QAbstractButton *> buttons = widget->findChildren<QAbstractButton *>();
+    for (QAbstractButton *button : buttons) {
+        if (button->isEnabled())
+            lookAt(button, button->text());
     }
+}
+
+void TestLook::lookAt(QWidget *text, const QString &words)
+{
+    if (!text->isVisible() || words.isEmpty())
+        return;
+    const QRect area(text->mapTo(text->window(), QPoint()), text->size());
+    const double value = contrast(text->window()->grab(area).toImage());
+    QVERIFY2(value >= 4.5, qPrintable(QStringLiteral("%1: %2").arg(words).arg(value)));
+}
+
+void TestLook::keepSettings(RunningProgram &program)
+{
+    RecordingPrivateData bookmarks({"Bookmarks of newsgroups"});
+    RecordingPrivateData search({"Words searched for", "Names of files that were opened"});
+    PrivateDataRegistry *registry = program.application().core()->privateData();
+    registry->registerPrivateData(&bookmarks);
+    registry->registerPrivateData(&search);
+    Q_EMIT program.window().settingsRequested();
+    auto *settings = program.find<QDialog>("SettingsDialog");
+    keep(settings, QStringLiteral("settings"));
+    look(settings);
+    program.find<QTabWidget>("pages")->setCurrentIndex(1);
+    keep(settings, QStringLiteral("privacy"));
+    look(settings);
+    program.find<QPushButton>("clearPrivateData")->click();
+    keep(program.find<QDialog>("ClearDataDialog"), QStringLiteral("clear-data"));
+    look(program.find<QDialog>("ClearDataDialog"));
+    program.find<QDialog>("ClearDataDialog")->close();
+    program.find<QPushButton>("resetSettings")->click();
+    keep(program.find<QMessageBox>("ResetQuestion"), QStringLiteral("reset-question"));
+    look(program.find<QMessageBox>("ResetQuestion"));
+    program.find<QMessageBox>("ResetQuestion")->close();
+    settings->close();
+    registry->clear();
 }
 
 void TestLook::everyWindowIsReadable_data()
@@ -133,10 +176,7 @@ void TestLook::everyWindowIsReadable()
     keep(&program.window(), QStringLiteral("account"));
     look(&program.window());
 
-    Q_EMIT program.window().settingsRequested();
-    keep(program.find<QDialog>("SettingsDialog"), QStringLiteral("settings"));
-    look(program.find<QDialog>("SettingsDialog"));
-    program.find<QDialog>("SettingsDialog")->close();
+    keepSettings(program);
     program.application().connectorPlugin()->aboutAction()->trigger();
     keep(program.find<QDialog>("AboutDialog"), QStringLiteral("about"));
     look(program.find<QDialog>("AboutDialog"));

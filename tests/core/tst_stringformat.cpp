@@ -24,6 +24,8 @@ private Q_SLOTS:
     void anInvalidDateIsNoText();
     void tinyNamesKeepTheLastPart_data();
     void tinyNamesKeepTheLastPart();
+    void aHalfLetterInATinyNameIsKeptAsItIs();
+    void aNameOfAMillionPartsIsShortened();
 };
 
 void StringFormatTest::initTestCase()
@@ -131,7 +133,16 @@ void StringFormatTest::tinyNamesKeepTheLastPart_data()
     row("alt.binaries.test", "a.b.test");
     row("alt.binaries.", "a.b.");
     row("alt.binaries..x", "a.b..x");
+    row("alt.binaries...", "a.b...");
+    row("alt.binaries.pictures.", "a.b.p.");
+    row("alt.binaries.p.x", "a.b.p.x");
     row("alt.binaries", "alt.binaries");
+    row("alt.binariesx.pictures.nature", "alt.binariesx.pictures.nature");
+    row("ALT.BINARIES.PICTURES.NATURE", "ALT.BINARIES.PICTURES.NATURE");
+    row("free.alt.binaries.pictures", "free.alt.binaries.pictures");
+    row("alt.binaries.\u00fcbung.x", "a.b.\u00fc.x");
+    row("alt.binaries.\U0001F3B5music.x", "a.b.\U0001F3B5.x");
+    row("alt.binaries.music.\U0001F3B5", "a.b.m.\U0001F3B5");
     row("comp.lang.c++", "comp.lang.c++");
     row("", "");
 }
@@ -141,6 +152,22 @@ void StringFormatTest::tinyNamesKeepTheLastPart()
     QFETCH(QString, name);
     QFETCH(QString, tiny);
     QCOMPARE(StringFormat::tinyNewsgroupName(name), tiny);
+}
+
+void StringFormatTest::aHalfLetterInATinyNameIsKeptAsItIs()
+{
+    const QString lone = QStringLiteral("alt.binaries.") + QChar(0xD83C);
+    QCOMPARE(StringFormat::tinyNewsgroupName(lone + QStringLiteral("abc.x")),
+             QStringLiteral("a.b.") + QChar(0xD83C) + QStringLiteral(".x"));
+    QCOMPARE(StringFormat::tinyNewsgroupName(lone), QStringLiteral("a.b.") + QChar(0xD83C));
+}
+
+void StringFormatTest::aNameOfAMillionPartsIsShortened()
+{
+    const int parts = 1'000'000;
+    const QString name = QStringLiteral("alt.binaries.") + QStringLiteral("part.").repeated(parts);
+    QCOMPARE(StringFormat::tinyNewsgroupName(name),
+             QStringLiteral("a.b.") + QStringLiteral("p.").repeated(parts));
 }
 
 QTEST_GUILESS_MAIN(StringFormatTest)

@@ -35,6 +35,9 @@ void TestArtwork::icons()
         QTest::newRow(name) << QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name));
     for (const char *name : {"gauge", "lock", "chart_area"})
         QTest::newRow(name) << QStringLiteral(":/svg/%1.svg").arg(QLatin1String(name));
+    for (const char *color : {"orange", "yellow", "red", "gray", "green", "brown", "cyan", "blue"})
+        QTest::newRow(color) << QStringLiteral(":/corvia/bookmarks/folder_%1.svg").arg(QLatin1String(color));
+    QTest::newRow("newsgroup") << QStringLiteral(":/corvia/bookmarks/newsgroup_default.svg");
     QTest::newRow("the program") << QStringLiteral(":/app/icon/halvora.svg");
 }
 
