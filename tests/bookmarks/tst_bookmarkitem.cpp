@@ -220,7 +220,7 @@ void TestBookmarkItem::removingChildrenStopsAtTheEnd()
     QFETCH(int, count);
     const std::unique_ptr<BookmarkItem> parent = folder();
     for (const char name : {'a', 'b', 'c'})
-        parent->appendChild(bookmark(parent.get(), QLatin1Char(name)));
+        parent->appendChild(bookmark(parent.get(), QString(QLatin1Char(name))));
     parent->removeChildren(row, count);
     QString left;
     for (const BookmarkItem *child : parent->children())
