@@ -91,8 +91,7 @@ QString BookmarkStore::path() const
 
 sqlite3 *BookmarkStore::handle()
 {
-    const QVariant handle =
-        QSqlDatabase::database(constants::bookmarkManagerName, false).driver()->handle();
+    const QVariant handle = QSqlDatabase::database(constants::bookmarkManagerName, false).driver()->handle();
     return *static_cast<sqlite3 *const *>(handle.constData());
 }
 
