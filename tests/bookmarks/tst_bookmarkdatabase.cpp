@@ -1,0 +1,490 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "bookmarkstore.h"
+
+#include "bookmarks/bookmarkitem.h"
+#include "bookmarks/cvbookmarkprovider.h"
+#include "plugin/constants.h"
+
+#include <halvora/storagemanager.h>
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTest>
+
+#include <sqlite3.h>
+
+namespace {
+
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+QStringList rows(const char *text)
+{
+    return QString::fromLatin1(text).split(QStringLiteral(", "), Qt::SkipEmptyParts);
+}
+
+const QString top = QStringLiteral("NULL");
+
+/// Every statement that runs on the model's connection from now on.
+class StatementLog {
+public:
+    StatementLog() { sqlite3_trace_v2(BookmarkStore::handle(), SQLITE_TRACE_STMT, add, &m_statements); }
+    ~StatementLog() { sqlite3_trace_v2(BookmarkStore::handle(), 0, nullptr, nullptr); }
+    Q_DISABLE_COPY(StatementLog)
+
+    /// With the values that are bound; those since the last call.
+    QStringList take()
+    {
+        QStringList taken;
+        taken.swap(m_statements);
+        return taken;
+    }
+
+private:
+    static int add(unsigned, void *list, void *statement, void *)
+    {
+        char *text = sqlite3_expanded_sql(static_cast<sqlite3_stmt *>(statement));
+        static_cast<QStringList *>(list)->append(QString::fromUtf8(text));
+        sqlite3_free(text);
+        return 0;
+    }
+    QStringList m_statements;
+};
+
+} // namespace
+
+class TestBookmarkDatabase : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void aFreshFileGetsTheTableOnce();
+    void theFileIsNamedAfterTheConfiguration();
+    void itIsOpenedForSpeed();
+    void closingRemovesTheConnectionWithoutAWarning();
+    void anInsertWritesNoPlaceAndThenEachThatChanged();
+    void aChangeIsOneTransactionOfItsOwn();
+    void onlyPlacesThatAreStoredAreLeftOut();
+    void aLoadedRowIsWrittenOnceBeforeItIsKnown();
+    void aFailedStatementMakesEverythingUnknown();
+    void foldersAndBookmarksStoreTheirNamesApart();
+    void removalLeavesAGapUntilTheNextWrite();
+    void loadingSortsByTheStoredPlaces();
+    void theNewsgroupDecidesWhatARowIs();
+    void unknownColoursAreRefusedOnLoad();
+    void coloursInCapitalsAreStoredInLowerCaseWithTheNextWrite();
+    void theParentOfARowIsRemembered();
+    void theProviderGetsAnEmptyNameForEachFolder();
+    void everyLoadTellsThatBookmarksChanged();
+    void childrenAreReadWhenTheyAreFirstAskedFor();
+    void aBookmarkIsAskedForChildrenOnce();
+    void childrenOfFoldersThatWereNeverOpenedStayInTheTable();
+    void bookmarksAreForgottenFromTheBottomUp();
+    void loadingFreesTheOldItemsAfterTheReset();
+    void clearingEmptiesTableAndTreeButNotTheProvider();
+    void idsAreNotUsedAgainAfterClearing();
+    void rowsBelowAnItemThatCouldNotBeInsertedAreKeptInMemory();
+};
+
+namespace {
+QStringList warnings;
+void collect(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type != QtDebugMsg && type != QtInfoMsg)
+        warnings.append(text);
+}
+} // namespace
+
+void TestBookmarkDatabase::init()
+{
+    warnings.clear();
+    qInstallMessageHandler(collect);
+}
+
+void TestBookmarkDatabase::cleanup()
+{
+    qInstallMessageHandler(nullptr);
+}
+
+void TestBookmarkDatabase::aFreshFileGetsTheTableOnce()
+{
+    BookmarkStore store(false);
+    QVERIFY(!QFile::exists(store.path()));
+    store.open();
+    QCOMPARE(store.model().rowCount(), 0);
+    const QString schema =
+        QStringLiteral("CREATE TABLE bookmarks (bookmark_id INTEGER PRIMARY KEY AUTOINCREMENT,parent_id "
+                       "INTEGER,bookmark_name TEXT,bookmark_newsgroup TEXT,bookmark_color "
+                       "TEXT,bookmark_expanded BOOLEAN, bookmark_order INTEGER)");
+    QSqlQuery query(QSqlDatabase::database(constants::bookmarkManagerName));
+    QVERIFY(query.exec(QStringLiteral("SELECT sql FROM sqlite_master WHERE name='bookmarks'")) &&
+            query.next());
+    QCOMPARE(query.value(0).toString(), schema);
+    QVERIFY(query.exec(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type='index'")) &&
+            query.next());
+    QCOMPARE(query.value(0).toInt(), 0);
+    query.finish();
+    query = QSqlQuery(QSqlDatabase());
+    store.addFolder(QStringLiteral("kept"));
+    store.close();
+    store.open();
+    QCOMPARE(store.names(), words("kept"));
+}
+
+void TestBookmarkDatabase::theFileIsNamedAfterTheConfiguration()
+{
+    BookmarkStore store;
+    QCOMPARE(QSqlDatabase::database(constants::bookmarkManagerName).databaseName(), store.path());
+    QCOMPARE(QSqlDatabase::database(constants::bookmarkManagerName).driverName(), QStringLiteral("QSQLITE"));
+    QVERIFY(QFile::exists(store.path()));
+}
+
+void TestBookmarkDatabase::itIsOpenedForSpeed()
+{
+    const BookmarkStore store;
+    QSqlQuery query(QSqlDatabase::database(constants::bookmarkManagerName));
+    QVERIFY(query.exec(QStringLiteral("PRAGMA synchronous")) && query.next());
+    QCOMPARE(query.value(0).toInt(), 0);
+}
+
+void TestBookmarkDatabase::closingRemovesTheConnectionWithoutAWarning()
+{
+    BookmarkStore store;
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    store.model().addBookmarks(words("a b"), folder);
+    store.model().removeBookmark(store.at({0, 0}));
+    store.model().load();
+    store.names(store.at({0}));
+    store.close();
+    QVERIFY(!QSqlDatabase::contains(constants::bookmarkManagerName));
+    QCOMPARE(warnings.filter(QStringLiteral("in use")), QStringList());
+}
+
+void TestBookmarkDatabase::anInsertWritesNoPlaceAndThenEachThatChanged()
+{
+    BookmarkStore store;
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    store.model().addBookmarks(words("b"), folder);
+    StatementLog log;
+    store.model().addBookmarks(words("a"), folder);
+    const QStringList statements = log.take();
+    QCOMPARE(statements.first(), QStringLiteral("BEGIN TRANSACTION"));
+    QCOMPARE(statements.at(1),
+             QStringLiteral("INSERT INTO bookmarks (parent_id, bookmark_name, bookmark_newsgroup, "
+                            "bookmark_color, bookmark_expanded, bookmark_order)  VALUES (1, NULL, 'a', "
+                            "NULL, 0, -1)"));
+    QCOMPARE(statements.at(2), QStringLiteral("UPDATE bookmarks SET bookmark_order=0 WHERE bookmark_id=3"));
+    QCOMPARE(statements.at(3), QStringLiteral("UPDATE bookmarks SET bookmark_order=1 WHERE bookmark_id=2"));
+    QCOMPARE(statements.at(4), QStringLiteral("COMMIT TRANSACTION"));
+    QCOMPARE(statements.size(), 5);
+    QCOMPARE(store.orders(QStringLiteral("1")), rows("a 0, b 1"));
+}
+
+void TestBookmarkDatabase::aChangeIsOneTransactionOfItsOwn()
+{
+    BookmarkStore store;
+    store.check();
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    StatementLog log;
+    store.model().addBookmarks(words("a b c"), folder);
+    QCOMPARE(log.take().filter(QStringLiteral("COMMIT")).size(), 3);
+    store.model().setData(folder, QStringLiteral("g"));
+    QCOMPARE(log.take(),
+             (QStringList{QStringLiteral("BEGIN TRANSACTION"),
+                          QStringLiteral("UPDATE bookmarks SET parent_id=NULL, bookmark_name='g', "
+                                         "bookmark_newsgroup=NULL, bookmark_color=NULL, "
+                                         "bookmark_expanded=0 WHERE bookmark_id=1"),
+                          QStringLiteral("COMMIT TRANSACTION")}));
+}
+
+void TestBookmarkDatabase::onlyPlacesThatAreStoredAreLeftOut()
+{
+    BookmarkStore store;
+    store.check();
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    store.model().addBookmarks(words("a b c d"), folder);
+    store.model().removeBookmark(store.at({0, 1}));
+    StatementLog log;
+    store.model().renumberChildren(store.model().itemFromIndex(folder));
+    QCOMPARE(log.take().filter(QStringLiteral("bookmark_order")).size(), 2); // c and d move up
+    store.model().renumberChildren(store.model().itemFromIndex(folder));
+    QCOMPARE(log.take(), words("BEGIN_TRANSACTION COMMIT_TRANSACTION")
+                             .replaceInStrings(QStringLiteral("_"), QStringLiteral(" ")));
+}
+
+void TestBookmarkDatabase::aLoadedRowIsWrittenOnceBeforeItIsKnown()
+{
+    BookmarkStore store;
+    store.check();
+    store.model().addBookmarks(words("a b"), store.addFolder(QStringLiteral("f")));
+    store.model().load();
+    StatementLog log;
+    BookmarkItem *folder = store.model().itemFromIndex(store.at({0}));
+    log.take();
+    store.model().renumberChildren(folder);
+    QCOMPARE(log.take().filter(QStringLiteral("bookmark_order=")).size(), 2);
+    store.model().renumberChildren(folder);
+    QCOMPARE(log.take().filter(QStringLiteral("bookmark_order=")).size(), 0);
+}
+
+void TestBookmarkDatabase::aFailedStatementMakesEverythingUnknown()
+{
+    BookmarkStore store;
+    store.check();
+    store.model().addBookmarks(words("a b"), store.addFolder(QStringLiteral("f")));
+    BookmarkItem *folder = store.model().itemFromIndex(store.at({0}));
+    store.execute(QStringLiteral("CREATE TRIGGER no BEFORE DELETE ON bookmarks "
+                                 "BEGIN SELECT RAISE(FAIL, 'no'); END"));
+    store.model().deleteItemRows(QSqlDatabase::database(constants::bookmarkManagerName), folder->child(0));
+    StatementLog log;
+    store.model().renumberChildren(folder);
+    QCOMPARE(log.take().filter(QStringLiteral("bookmark_order=")).size(), 2);
+}
+
+void TestBookmarkDatabase::foldersAndBookmarksStoreTheirNamesApart()
+{
+    BookmarkStore store;
+    store.check();
+    store.model().addBookmarks(words("group"), store.addFolder(QStringLiteral("folder")));
+    store.model().setFolderExpanded(store.at({0}), true);
+    QCOMPARE(store.rows(),
+             (QVector<BookmarkRow>{words("1 NULL folder NULL NULL 1 0"), words("2 1 NULL group NULL 0 0")}));
+}
+
+void TestBookmarkDatabase::removalLeavesAGapUntilTheNextWrite()
+{
+    BookmarkStore store;
+    store.check();
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    store.model().addBookmarks(words("a b c"), folder);
+    store.model().removeBookmark(store.at({0, 1}));
+    QCOMPARE(store.orders(QStringLiteral("1")), rows("a 0, c 2"));
+    store.model().setItemColor(store.at({0, 0}), QStringLiteral("red"));
+    QCOMPARE(store.orders(QStringLiteral("1")), rows("a 0, c 1"));
+}
+
+void TestBookmarkDatabase::loadingSortsByTheStoredPlaces()
+{
+    BookmarkStore store;
+    store.check();
+    for (const char *name : {"a", "b", "c"})
+        store.addFolder(QString::fromLatin1(name));
+    store.execute(QStringLiteral("UPDATE bookmarks SET bookmark_order=10-bookmark_id"));
+    store.model().load();
+    QCOMPARE(store.names(), words("c b a"));
+}
+
+void TestBookmarkDatabase::theNewsgroupDecidesWhatARowIs()
+{
+    BookmarkStore store;
+    store.check();
+    store.execute(QStringLiteral(
+        "INSERT INTO bookmarks VALUES (1,NULL,'name','group','red',1,0),(2,NULL,'name',NULL,'red',1,1),"
+        "(3,NULL,NULL,NULL,NULL,0,2),(4,NULL,'name','',NULL,0,3)"));
+    store.model().load();
+    const BookmarkItem *both = store.model().itemFromIndex(store.at({0}));
+    QVERIFY(!both->isFolder());
+    QCOMPARE(both->name(), QStringLiteral("group"));
+    QCOMPARE(both->color(), QStringLiteral("red"));
+    QVERIFY(!both->isExpanded());
+    const BookmarkItem *folder = store.model().itemFromIndex(store.at({1}));
+    QVERIFY(folder->isFolder());
+    QVERIFY(folder->isExpanded());
+    QVERIFY(store.model().itemFromIndex(store.at({2}))->isFolder());
+    QVERIFY(!store.model().itemFromIndex(store.at({3}))->isFolder());
+}
+
+void TestBookmarkDatabase::unknownColoursAreRefusedOnLoad()
+{
+    BookmarkStore store;
+    store.check();
+    store.execute(QStringLiteral("INSERT INTO bookmarks VALUES (1,NULL,'f',NULL,'purple',0,0),"
+                                 "(2,NULL,'g',NULL,'PURPLE',0,1)"));
+    store.model().load();
+    QVERIFY(store.model().itemFromIndex(store.at({0}))->color().isNull());
+    QVERIFY(store.model().itemFromIndex(store.at({1}))->color().isNull());
+    store.model().setData(store.at({0}), QStringLiteral("h"));
+    QCOMPARE(store.rows().first().at(4), QStringLiteral("NULL"));
+}
+
+void TestBookmarkDatabase::coloursInCapitalsAreStoredInLowerCaseWithTheNextWrite()
+{
+    BookmarkStore store;
+    store.check();
+    store.execute(QStringLiteral("INSERT INTO bookmarks VALUES (1,NULL,'f',NULL,'BLUE',0,0)"));
+    store.model().load();
+    QCOMPARE(store.model().itemFromIndex(store.at({0}))->color(), QStringLiteral("blue"));
+    QCOMPARE(store.rows().first().at(4), QStringLiteral("BLUE"));
+    store.model().setFolderExpanded(store.at({0}), true);
+    QCOMPARE(store.rows().first().at(4), QStringLiteral("blue"));
+}
+
+void TestBookmarkDatabase::theParentOfARowIsRemembered()
+{
+    BookmarkStore store;
+    store.check();
+    store.model().addBookmarks(words("a"), store.addFolder(QStringLiteral("f")));
+    QCOMPARE(store.model().itemFromIndex(store.at({0, 0}))->parentId(), -1); // not read yet
+    store.model().load();
+    QCOMPARE(store.model().itemFromIndex(store.at({0}))->parentId(), -1);
+    QCOMPARE(store.model().itemFromIndex(store.at({0, 0}))->parentId(), 1);
+}
+
+void TestBookmarkDatabase::theProviderGetsAnEmptyNameForEachFolder()
+{
+    BookmarkStore store;
+    store.check();
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    store.model().addBookmarks(words("a b"), folder);
+    store.addFolder(QStringLiteral("inner"), folder);
+    const CVBookmarkProvider *provider = store.model().provider();
+    QVERIFY(!provider->isBookmarked(QLatin1String("")));
+    store.model().load();
+    QStringList names = provider->bookmarkedNewsgroups();
+    names.sort();
+    QCOMPARE(names,
+             (QStringList{QLatin1String(""), QLatin1String(""), QStringLiteral("a"), QStringLiteral("b")}));
+    QVERIFY(provider->isBookmarked(QLatin1String("")));
+}
+
+void TestBookmarkDatabase::everyLoadTellsThatBookmarksChanged()
+{
+    BookmarkStore store;
+    store.check();
+    QSignalSpy changed(store.model().provider(), &BookmarkProvider::bookmarksChanged);
+    QSignalSpy reset(&store.model(), &QAbstractItemModel::modelReset);
+    store.model().load();
+    store.model().load();
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(reset.count(), 2);
+}
+
+void TestBookmarkDatabase::childrenAreReadWhenTheyAreFirstAskedFor()
+{
+    BookmarkStore store;
+    store.model().addBookmarks(words("a"), store.addFolder(QStringLiteral("f")));
+    store.model().load();
+    const BookmarkItem *folder = store.model().topLevelItems().first();
+    QVERIFY(!folder->childrenLoaded());
+    StatementLog log;
+    QCOMPARE(store.model().rowCount(store.at({0})), 1);
+    QVERIFY(folder->childrenLoaded());
+    QCOMPARE(log.take(),
+             QStringList{QStringLiteral("SELECT bookmark_id, parent_id, bookmark_name, bookmark_newsgroup, "
+                                        "bookmark_color, bookmark_expanded, bookmark_order FROM bookmarks "
+                                        "WHERE parent_id=1 ORDER BY bookmark_order ASC")});
+    QCOMPARE(store.model().rowCount(store.at({0})), 1);
+    QCOMPARE(log.take(), QStringList());
+}
+
+void TestBookmarkDatabase::aBookmarkIsAskedForChildrenOnce()
+{
+    BookmarkStore store;
+    store.model().addBookmarks(words("a"), store.addFolder(QStringLiteral("f")));
+    store.execute(QStringLiteral("INSERT INTO bookmarks VALUES (9,2,NULL,'below a bookmark',NULL,0,0)"));
+    store.model().load();
+    const QModelIndex bookmark = store.at({0, 0});
+    StatementLog log;
+    QCOMPARE(store.model().rowCount(bookmark), 0);
+    QCOMPARE(store.model().rowCount(bookmark), 0);
+    QCOMPARE(log.take().size(), 1);
+    QCOMPARE(store.model().itemFromIndex(bookmark)->children().size(), 1);
+    QVERIFY(!store.model().index(0, 0, bookmark).isValid());
+}
+
+void TestBookmarkDatabase::childrenOfFoldersThatWereNeverOpenedStayInTheTable()
+{
+    BookmarkStore store;
+    const QModelIndex outer = store.addFolder(QStringLiteral("outer"));
+    const QModelIndex inner = store.addFolder(QStringLiteral("inner"), outer);
+    store.model().addBookmarks(words("below"), inner);
+    store.model().load();
+    store.model().removeBookmark(store.model().index(0, 0));
+    QCOMPARE(store.rows(), (QVector<BookmarkRow>{words("3 2 NULL below NULL 0 0")}));
+    QVERIFY(store.model().provider()->isBookmarked(QStringLiteral("below")));
+}
+
+void TestBookmarkDatabase::bookmarksAreForgottenFromTheBottomUp()
+{
+    BookmarkStore store;
+    store.check();
+    const QModelIndex outer = store.addFolder(QStringLiteral("outer"));
+    store.model().addBookmarks(words("x y"), outer);
+    store.addFolder(QStringLiteral("inner"), outer);
+    store.model().addBookmarks(words("a b"), store.at({0, 0}));
+    QSignalSpy removed(store.model().provider(), &BookmarkProvider::bookmarkRemoved);
+    StatementLog log;
+    store.model().removeBookmark(outer);
+    QStringList names;
+    for (const QVariantList &arguments : removed)
+        names.append(arguments.first().toString());
+    QCOMPARE(names, words("a b x y"));
+    QStringList ids;
+    for (const QString &statement : log.take().filter(QStringLiteral("DELETE")))
+        ids.append(statement.section(QLatin1Char('='), 1));
+    QCOMPARE(ids, words("5 6 4 2 3 1"));
+}
+
+// An index that was taken before the reset must be good for comparing until it is over.
+void TestBookmarkDatabase::loadingFreesTheOldItemsAfterTheReset()
+{
+    BookmarkStore store;
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    const auto *item = static_cast<const BookmarkItem *>(folder.internalPointer());
+    QString name;
+    connect(&store.model(), &QAbstractItemModel::modelReset, this, [item, &name] { name = item->name(); });
+    store.model().load();
+    QCOMPARE(name, QStringLiteral("f"));
+}
+
+void TestBookmarkDatabase::clearingEmptiesTableAndTreeButNotTheProvider()
+{
+    BookmarkStore store;
+    store.check();
+    store.model().addBookmarks(words("a b"), store.addFolder(QStringLiteral("f")));
+    QSignalSpy reset(&store.model(), &QAbstractItemModel::modelReset);
+    StatementLog log;
+    store.model().clearBookmarks();
+    QCOMPARE(log.take(),
+             (QStringList{QStringLiteral("BEGIN TRANSACTION"), QStringLiteral("DELETE FROM bookmarks"),
+                          QStringLiteral("COMMIT TRANSACTION")}));
+    QCOMPARE(reset.count(), 1);
+    QCOMPARE(store.model().rowCount(), 0);
+    QVERIFY(store.rows().isEmpty());
+    QVERIFY(store.model().provider()->isBookmarked(QStringLiteral("a")));
+}
+
+void TestBookmarkDatabase::idsAreNotUsedAgainAfterClearing()
+{
+    BookmarkStore store;
+    store.check();
+    store.addFolder(QStringLiteral("f"));
+    store.model().clearBookmarks();
+    store.addFolder(QStringLiteral("g"));
+    QCOMPARE(store.rows(), (QVector<BookmarkRow>{words("2 NULL g NULL NULL 0 0")}));
+}
+
+void TestBookmarkDatabase::rowsBelowAnItemThatCouldNotBeInsertedAreKeptInMemory()
+{
+    BookmarkStore store;
+    store.check();
+    store.execute(QStringLiteral("CREATE TRIGGER no BEFORE INSERT ON bookmarks "
+                                 "WHEN new.bookmark_name IS NOT NULL BEGIN SELECT RAISE(FAIL, 'no'); END"));
+    const QModelIndex folder = store.model().addFolder(QModelIndex());
+    QCOMPARE(store.model().itemFromIndex(folder)->id(), 0);
+    store.model().addBookmarks(words("a"), folder);
+    QCOMPARE(store.rows(), (QVector<BookmarkRow>{words("1 0 NULL a NULL 0 0")}));
+    store.execute(QStringLiteral("DROP TRIGGER no"));
+    QVERIFY(store.model().setData(folder, QStringLiteral("f")));
+    QCOMPARE(store.model().itemFromIndex(folder)->id(), 2);
+    QCOMPARE(store.names(folder), words("a"));
+    QCOMPARE(store.orders(top), rows("f 0"));
+}
+
+QTEST_MAIN(TestBookmarkDatabase)
+#include "tst_bookmarkdatabase.moc"
