@@ -11,6 +11,11 @@ QStringList folderColorNames()
             QStringLiteral("cyan"),   QStringLiteral("blue")};
 }
 
+BookmarkItem::BookmarkItem()
+    : d(new BookmarkItemData)
+{
+}
+
 BookmarkItem::BookmarkItem(BookmarkKind kind, BookmarkItem *parent)
     : d(new BookmarkItemData)
 {

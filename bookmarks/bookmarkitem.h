@@ -37,6 +37,8 @@ public:
 /// is addressed by pointer and owns its children. Knows nothing of the database. GUI thread.
 class BookmarkItem {
 public:
+    /// Stands for nothing and counts as saved until it is changed.
+    BookmarkItem();
     BookmarkItem(BookmarkKind kind, BookmarkItem *parent);
     /// Deletes the children, however deep they are nested.
     ~BookmarkItem();

@@ -4,7 +4,10 @@
 
 #include <QTest>
 
+#include <functional>
 #include <memory>
+
+Q_DECLARE_METATYPE(std::function<void(BookmarkItem &)>)
 
 namespace {
 
@@ -27,6 +30,8 @@ class TestBookmarkItem : public QObject {
 private Q_SLOTS:
     void bareDataCountsAsSavedAndStandsForNothing();
     void aNewItemHasDefaultsAndIsNotSaved();
+    void anyChangeMakesAnItemUnsaved_data();
+    void anyChangeMakesAnItemUnsaved();
     void onlyAnIdAboveZeroIsStored();
     void aNewsgroupHasShorterNames();
     void aFolderHasNoShorterNames();
@@ -73,6 +78,46 @@ void TestBookmarkItem::aNewItemHasDefaultsAndIsNotSaved()
     QVERIFY(item.color().isNull() && item.name().isNull());
     QVERIFY(item.shortName().isNull() && item.tinyName().isNull());
     QVERIFY(parent->children().isEmpty());
+}
+
+void TestBookmarkItem::anyChangeMakesAnItemUnsaved_data()
+{
+    using Change = std::function<void(BookmarkItem &)>;
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<bool>("saved");
+    const auto row = [](const char *name, const Change &change, bool saved = false) {
+        QTest::newRow(name) << change << saved;
+    };
+    row(
+        "nothing", [](BookmarkItem &) {}, true);
+    row("id", [](BookmarkItem &item) { item.setId(1); });
+    row("parent's id", [](BookmarkItem &item) { item.setParentId(1); });
+    row("parent", [](BookmarkItem &item) { item.setParent(nullptr); });
+    row("expanded", [](BookmarkItem &item) { item.setExpanded(true); });
+    row("children loaded", [](BookmarkItem &item) { item.setChildrenLoaded(true); });
+    row("name", [](BookmarkItem &item) { item.setName(QStringLiteral("x")); });
+    row("colour", [](BookmarkItem &item) { item.setColor(QStringLiteral("red")); });
+    row(
+        "refused colour", [](BookmarkItem &item) { item.setColor(QStringLiteral("purple")); }, true);
+    row("appended child", [](BookmarkItem &item) { item.appendChild(new BookmarkItem); });
+    row("inserted child", [](BookmarkItem &item) { item.insertChild(0, new BookmarkItem); });
+    row(
+        "getters",
+        [](BookmarkItem &item) {
+            item.shortName();
+            item.tinyName();
+            item.children();
+        },
+        true);
+}
+
+void TestBookmarkItem::anyChangeMakesAnItemUnsaved()
+{
+    QFETCH(std::function<void(BookmarkItem &)>, change);
+    BookmarkItem item;
+    QVERIFY(item.isSaved());
+    change(item);
+    QTEST(item.isSaved(), "saved");
 }
 
 void TestBookmarkItem::onlyAnIdAboveZeroIsStored()
