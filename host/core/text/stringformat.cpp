@@ -64,6 +64,13 @@ QString scaled(bool negative, quint64 magnitude, StringFormat::ByteNotation nota
     return StringFormat::tr(units.at(unit)).arg(figure);
 }
 
+// Half of a surrogate pair is no letter, and can not be written as UTF-8.
+int firstLetterSize(const QString &text)
+{
+    const bool pair = text.size() > 1 && text.at(0).isHighSurrogate() && text.at(1).isLowSurrogate();
+    return pair ? 2 : 1;
+}
+
 } // namespace
 
 QString StringFormat::byteCount(qint64 bytes, ByteFormat format, ByteNotation notation, int precision)
@@ -91,6 +98,6 @@ QString StringFormat::tinyNewsgroupName(const QString &name)
         return name;
     QStringList parts = name.split(QLatin1Char('.'));
     for (int i = 0; i + 1 < parts.size(); ++i)
-        parts[i].truncate(1);
+        parts[i].truncate(firstLetterSize(parts.at(i)));
     return parts.join(QLatin1Char('.'));
 }

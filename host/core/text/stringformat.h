@@ -35,6 +35,8 @@ public:
     static QString dateTime(const QDateTime &dateTime, DateTimeFormat format);
 
     /// A newsgroup's name for narrow places: below alt.binaries, all parts but the last shrink to their first
-    /// letters ("a.b.p.nature" for alt.binaries.pictures.nature). Other names stay as they are.
+    /// letters ("a.b.p.nature" for alt.binaries.pictures.nature), and empty parts stay empty. Other names
+    /// stay as they are, alt.binaries itself and names in capitals among them. Takes time in proportion to
+    /// the name's length.
     static QString tinyNewsgroupName(const QString &name);
 };
