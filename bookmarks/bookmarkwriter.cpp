@@ -67,7 +67,6 @@ void BookmarkWriter::writeRow(const QSqlDatabase &database, BookmarkItem *item)
     item->setId(m_insert.query().lastInsertId().toLongLong());
 }
 
-// A row that the list holds twice gets both places, the later one last, so such a list is never settled.
 void BookmarkWriter::writeOrder(const QSqlDatabase &database, const BookmarkItem *parent,
                                 const QList<BookmarkItem *> &siblings)
 {
@@ -78,8 +77,7 @@ void BookmarkWriter::writeOrder(const QSqlDatabase &database, const BookmarkItem
             continue;
         settled = run(m_order, database, {place, id}) && m_orders.note(id, place) && settled;
     }
-    if (settled)
-        m_orders.settle(parent, siblings.size());
+    m_orders.settle(parent, settled ? siblings.size() : 0);
 }
 
 void BookmarkWriter::deleteRow(const QSqlDatabase &database, qint64 id)

@@ -12,16 +12,8 @@ bool SiblingOrders::note(qint64 id, int place)
 {
     if (id < 1)
         return false;
-    const auto found = m_places.find(id);
-    if (found == m_places.end()) {
-        m_places.insert(id, place);
-        return true;
-    }
-    if (*found == place)
-        return true;
-    *found = place;
-    unsettle();
-    return false;
+    m_places[id] = place;
+    return true;
 }
 
 int SiblingOrders::settled(const BookmarkItem *parent) const

@@ -12,13 +12,13 @@ class BookmarkItem;
 class SiblingOrders {
 public:
     bool holds(qint64 id, int place) const;
-    /// @p place was stored for @p id. False when nobody may rely on it for longer than this write: the id is
-    /// no stored one, or another place was known before, which a second item of that row may still need.
+    /// @p place was stored for @p id. False, and not noted, when that is no row's.
     bool note(qint64 id, int place);
 
     /// The number of leading items of the list below @p parent (null for the top level) that need no look.
     int settled(const BookmarkItem *parent) const;
-    /// The first @p count items of that list are at their places. One list is remembered, the last.
+    /// The list below @p parent was just written, and its first @p count items are at their places. Only the
+    /// list that was written last is remembered: writing another may have moved rows that stand in both.
     void settle(const BookmarkItem *parent, int count);
     /// A list changed otherwise than at its end.
     void unsettle();

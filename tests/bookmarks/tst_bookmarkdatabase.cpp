@@ -88,6 +88,7 @@ private Q_SLOTS:
     void loadingFreesTheOldItemsAfterTheReset();
     void clearingEmptiesTableAndTreeButNotTheProvider();
     void idsAreNotUsedAgainAfterClearing();
+    void anItemThatCouldNotBeInsertedGetsItsPlaceLater();
     void rowsBelowAnItemThatCouldNotBeInsertedAreKeptInMemory();
 };
 
@@ -467,6 +468,19 @@ void TestBookmarkDatabase::idsAreNotUsedAgainAfterClearing()
     store.model().clearBookmarks();
     store.addFolder(QStringLiteral("g"));
     QCOMPARE(store.rows(), (QVector<BookmarkRow>{words("2 NULL g NULL NULL 0 0")}));
+}
+
+void TestBookmarkDatabase::anItemThatCouldNotBeInsertedGetsItsPlaceLater()
+{
+    BookmarkStore store;
+    store.check();
+    store.execute(QStringLiteral("CREATE TRIGGER no BEFORE INSERT ON bookmarks "
+                                 "BEGIN SELECT RAISE(FAIL, 'no'); END"));
+    store.addFolder(QStringLiteral("f"));
+    QVERIFY(store.rows().isEmpty());
+    store.execute(QStringLiteral("DROP TRIGGER no"));
+    store.model().setItemColor(store.at({0}), QStringLiteral("red"));
+    QCOMPARE(store.orders(top), rows("f 0"));
 }
 
 void TestBookmarkDatabase::rowsBelowAnItemThatCouldNotBeInsertedAreKeptInMemory()

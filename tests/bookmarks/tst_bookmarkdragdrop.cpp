@@ -77,6 +77,7 @@ private Q_SLOTS:
     void dropsAreRefused();
     void aMoveWithinAFolderLeavesTheLaterPlace();
     void aMoveFromTheTopLeavesThePlaceOfTheOldItem();
+    void aWriteBetweenDropAndRemovalPutsTheMovedRowRight();
     void aMoveBetweenFoldersLeavesAGap();
     void aMovedFolderKeepsWhatIsInIt();
     void rowsThatAreGoneAreSkipped();
@@ -373,6 +374,21 @@ void TestBookmarkDragDrop::aMoveFromTheTopLeavesThePlaceOfTheOldItem()
     QCOMPARE(store.orders(QStringLiteral("1")), rows("A 0, moved 1, C 1, D 2"));
     store.model().setItemColor(store.at({0, 0}), QStringLiteral("red"));
     QCOMPARE(store.orders(QStringLiteral("1")), rows("A 0, C 1, D 2, moved 3"));
+}
+
+void TestBookmarkDragDrop::aWriteBetweenDropAndRemovalPutsTheMovedRowRight()
+{
+    BookmarkStore store;
+    store.check();
+    const QModelIndex target = store.addFolder(QStringLiteral("target"));
+    const QModelIndex moved = store.addFolder(QStringLiteral("moved"));
+    store.model().addBookmarks(words("A C D"), target);
+    const std::unique_ptr<QMimeData> data(store.model().mimeData({moved}));
+    store.model().dropMimeData(data.get(), Qt::MoveAction, -1, -1, target);
+    store.model().dropMimeData(newsgroups(words("x")).get(), Qt::CopyAction, -1, -1, target);
+    QCOMPARE(store.orders(QStringLiteral("1")), rows("A 0, C 1, D 2, moved 3, x 4"));
+    store.model().addFolder(QModelIndex());
+    QCOMPARE(store.orders(QStringLiteral("1")), rows("A 0, moved 1, C 1, D 2, x 4"));
 }
 
 void TestBookmarkDragDrop::aMoveBetweenFoldersLeavesAGap()
