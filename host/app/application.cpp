@@ -9,13 +9,18 @@
 #include <halvora/connectorplugin.h>
 #include <halvora/core.h>
 #include <halvora/coreplugininterface.h>
+#include <halvora/dbutils.h>
 #include <halvora/hserveraddressrotator.h>
 #include <halvora/localemanager.h>
 #include <halvora/mainwindow.h>
 #include <halvora/pluginloader.h>
 #include <halvora/pluginmanager.h>
+#include <halvora/privatedataregistry.h>
+#include <halvora/settingsregistry.h>
+#include <halvora/storagemanager.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QSettings>
@@ -34,6 +39,15 @@ QStringList translationDirectories()
             program + QStringLiteral("/../share/halvora/translations")};
 }
 
+// Plug-ins open their settings by the program's name. With a profile they belong there like everything else,
+// or trying a profile out would change what the user has.
+void keepSettingsIn(const QString &profile)
+{
+    if (!profile.isEmpty())
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                           QDir(QDir(profile).absolutePath()).filePath(QStringLiteral("settings")));
+}
+
 QString pluginDirectory(const Options &options)
 {
     if (!options.pluginDirectory.isEmpty())
@@ -50,6 +64,7 @@ Application::Application(const Options &options)
     m_core->locale()->setTranslationDirectories(translationDirectories());
     m_core->locale()->installSaved();
     m_core->setAuthorityFile(options.authorityFile);
+    keepSettingsIn(options.profile);
     loadPlugins(pluginDirectory(options));
     useService();
 
@@ -142,6 +157,8 @@ void Application::start()
     m_window->show();
     if (!m_options.link.isEmpty())
         m_notices.append(tr("This version can not open links and files yet."));
+    m_notices.append(m_core->storage()->takeNotices());
+    connect(m_core->storage(), &StorageManager::noticeRaised, m_window.get(), &MainWindow::showNotice);
     if (!m_notices.isEmpty())
         m_window->showNotice(m_notices.join(QLatin1Char(' ')));
     for (CorePluginInterface *plugin : qAsConst(m_plugins))
@@ -171,9 +188,14 @@ void Application::shutDown(int exitCode)
         qCWarning(logApplication) << "the worker did not end in time";
         m_core->plugin()->clear();
         m_core->settings().sync();
+        DBUtils::closeAll();
         std::_Exit(exitCode);
     }
     m_window.reset();
+    // None of them may be asked once what the provider's plug-in registered there is gone.
+    m_core->privateData()->clear();
+    m_core->settingsRegistry()->clear();
+    m_core->plugin()->setBookmarkProvider(nullptr);
     m_core->plugin()->clear();
     if (m_provider)
         m_provider->releaseConnectorPlugin();

@@ -15,6 +15,7 @@
 #include <halvora/linkopener.h>
 #include <halvora/localemanager.h>
 #include <halvora/mainwindow.h>
+#include <halvora/storagemanager.h>
 
 #include <QApplication>
 #include <QFileDialog>
@@ -28,6 +29,9 @@ void Application::connectWindow()
     connect(m_window.get(), &MainWindow::linkRequested, this,
             [this](const QUrl &url) { m_core->links().open(url); });
     connect(&m_core->links(), &LinkOpener::refused, m_window.get(), &MainWindow::showNotice);
+    const StorageManager *storage = m_core->storage();
+    connect(storage, &StorageManager::writeProblemChanged, m_window.get(), &MainWindow::showLastingNotice);
+    m_window->showLastingNotice(storage->writeProblem());
     connect(m_core->locale(), &LocaleManager::languageChanged, this, &Application::changeLanguage);
     if (!m_provider) {
         m_window->setOnlineState(MainWindow::Offline, tr("No provider plug-in is loaded"));
@@ -62,6 +66,7 @@ void Application::changeLanguage()
 {
     for (CorePluginInterface *plugin : qAsConst(m_plugins))
         plugin->onLanguageChange();
+    m_window->showLastingNotice(m_core->storage()->writeProblem());
     if (!m_provider)
         return m_window->setOnlineState(MainWindow::Offline, tr("No provider plug-in is loaded"));
     m_window->setWindowTitle(m_provider->windowTitle());
@@ -70,7 +75,7 @@ void Application::changeLanguage()
 
 void Application::showSettings()
 {
-    auto *dialog = new SettingsDialog(m_core->locale(), connectorPlugin(), m_window.get());
+    auto *dialog = new SettingsDialog(m_core.get(), connectorPlugin(), m_window.get());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->open();
 }

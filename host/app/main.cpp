@@ -4,10 +4,13 @@
 #include "commandline.h"
 
 #include <halvora/hlog.h>
+#include <halvora/profilelock.h>
+#include <halvora/storagemanager.h>
 
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QMessageBox>
 
 #include <cstdio>
 #include <cstdlib>
@@ -54,6 +57,18 @@ QIcon programIcon()
     return icon;
 }
 
+// A picture is taken where nobody sits who could close a message.
+void refuse(const QString &sentence, const Options &options)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(sentence));
+    if (!options.screenshot.isEmpty())
+        return;
+    QMessageBox message(QMessageBox::Warning, QCoreApplication::applicationName(), sentence,
+                        QMessageBox::Close);
+    message.setTextFormat(Qt::PlainText);
+    message.exec();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -77,6 +92,11 @@ int main(int argc, char **argv)
     QApplication qtApplication(argc, argv);
     QApplication::setDesktopFileName(QStringLiteral("org.halvora.Halvora"));
     QApplication::setWindowIcon(programIcon());
+    const ProfileLock lock(StorageManager(options.profile).dataDirectory());
+    if (!lock.refusal().isEmpty()) {
+        refuse(lock.refusal(), options);
+        return EXIT_FAILURE;
+    }
     Application application(options);
     application.start();
     const int exitCode = QApplication::exec();

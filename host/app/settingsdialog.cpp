@@ -2,96 +2,92 @@
 // SPDX-License-Identifier: MIT
 #include "settingsdialog.h"
 
-#include <halvora/connector.h>
-#include <halvora/connectorplugin.h>
-#include <halvora/hautosearchservice.h>
-#include <halvora/hnntpdistributor.h>
-#include <halvora/localemanager.h>
+#include "generalpage.h"
+#include "privacypage.h"
 
-#include <QComboBox>
+#include <halvora/core.h>
+#include <halvora/privatedataregistry.h>
+#include <halvora/settingsregistry.h>
+
 #include <QDialogButtonBox>
 #include <QEvent>
-#include <QFormLayout>
-#include <QLabel>
-#include <QLocale>
-#include <QSpinBox>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int mostConnections = 200;
+constexpr int pageWidth = 64; // letters; the tabs alone would make a narrow column
 
 } // namespace
 
-SettingsDialog::SettingsDialog(LocaleManager *locale, ConnectorPlugin *plugin, QWidget *parent)
+SettingsDialog::SettingsDialog(Core *core, ConnectorPlugin *plugin, QWidget *parent)
     : QDialog(parent)
-    , m_locale(locale)
-    , m_plugin(plugin)
-    , m_languageCaption(new QLabel(this))
-    , m_language(new QComboBox(this))
-    , m_connectionsCaption(new QLabel(this))
-    , m_connections(new QSpinBox(this))
-    , m_connectionsNote(new QLabel(this))
-    , m_searchCaption(new QLabel(this))
-    , m_search(new QLabel(this))
+    , m_core(core)
+    , m_pages(new QTabWidget(this))
+    , m_general(new GeneralPage(core->locale(), plugin, m_pages))
+    , m_privacy(new PrivacyPage(*core->privateData(), m_pages))
+    , m_reset(new QPushButton(this))
 {
     setObjectName(QStringLiteral("SettingsDialog"));
-    m_language->setObjectName(QStringLiteral("language"));
-    m_connections->setObjectName(QStringLiteral("connections"));
-    fillLanguages();
+    m_pages->setObjectName(QStringLiteral("pages"));
+    m_reset->setObjectName(QStringLiteral("resetSettings"));
     build();
     retranslate();
 }
 
 void SettingsDialog::build()
 {
-    m_languageCaption->setBuddy(m_language);
-    m_connectionsCaption->setBuddy(m_connections);
-    m_connections->setRange(1, mostConnections);
-    auto *form = new QFormLayout;
-    form->setSpacing(10);
-    form->addRow(m_languageCaption, m_language);
-    if (m_plugin) {
-        m_connections->setValue(m_plugin->connector()->distributor()->wantedConnections());
-        form->addRow(m_connectionsCaption, m_connections);
-        form->addRow(QString(), m_connectionsNote);
-        form->addRow(m_searchCaption, m_search);
-    } else {
-        for (QWidget *widget : std::initializer_list<QWidget *>{m_connectionsCaption, m_connections,
-                                                                m_connectionsNote, m_searchCaption, m_search})
-            widget->hide();
-    }
+    m_pages->addTab(m_general, QString());
+    m_pages->addTab(m_privacy, QString());
+    m_pages->setMinimumWidth(pageWidth * fontMetrics().averageCharWidth());
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->addButton(m_reset, QDialogButtonBox::ResetRole);
+    m_reset->setAutoDefault(false);
+    connect(m_reset, &QPushButton::clicked, this, &SettingsDialog::askWhetherToReset);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(20, 20, 20, 16);
+    layout->setContentsMargins(16, 16, 16, 16);
     layout->setSpacing(16);
-    layout->addLayout(form);
-    layout->addStretch();
+    layout->addWidget(m_pages);
     layout->addWidget(buttons);
-}
-
-// Each language is called what its speakers call it.
-void SettingsDialog::fillLanguages()
-{
-    const QStringList languages = m_locale->availableLanguages();
-    for (const QString &language : languages) {
-        const bool english = language == QLatin1String("en"); // which QLocale takes for one country's
-        const QString name = english ? QStringLiteral("English") : QLocale(language).nativeLanguageName();
-        m_language->addItem(name.isEmpty() ? language : name, language);
-    }
-    m_language->setCurrentIndex(m_language->findData(m_locale->currentLanguage()));
 }
 
 void SettingsDialog::accept()
 {
-    if (m_plugin)
-        m_plugin->connector()->distributor()->setWantedConnections(m_connections->value());
-    const QString language = m_language->currentData().toString();
+    m_privacy->save();
+    m_general->save();
     QDialog::accept();
-    if (language != m_locale->currentLanguage())
-        m_locale->setLanguage(language);
+}
+
+void SettingsDialog::askWhetherToReset()
+{
+    auto *question = new QMessageBox(QMessageBox::Question, tr("Reset Settings"),
+                                     tr("Do you want all settings to be what they were at first?"),
+                                     QMessageBox::Cancel, this);
+    question->setObjectName(QStringLiteral("ResetQuestion"));
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    QPushButton *reset = question->addButton(tr("&Reset"), QMessageBox::DestructiveRole);
+    reset->setObjectName(QStringLiteral("reset"));
+    reset->setAutoDefault(false);
+    question->setDefaultButton(QMessageBox::Cancel);
+    connect(reset, &QPushButton::clicked, this, &SettingsDialog::resetSettings);
+    question->open();
+}
+
+void SettingsDialog::resetSettings()
+{
+    const SettingsRegistry *registry = m_core->settingsRegistry();
+    const QList<ISettings *> parts = registry->parts();
+    for (ISettings *part : parts) {
+        // One part's new settings may end another.
+        if (registry->parts().contains(part))
+            part->resetSettings();
+    }
+    m_general->reset();
+    m_privacy->reload();
 }
 
 void SettingsDialog::changeEvent(QEvent *event)
@@ -104,17 +100,7 @@ void SettingsDialog::changeEvent(QEvent *event)
 void SettingsDialog::retranslate()
 {
     setWindowTitle(tr("Settings"));
-    m_languageCaption->setText(tr("&Language:"));
-    m_connectionsCaption->setText(tr("&Connections:"));
-    m_searchCaption->setText(tr("Automatic search:"));
-    if (!m_plugin)
-        return;
-    const Connector *connector = m_plugin->connector();
-    const HNntpDistributor *distributor = connector->distributor();
-    m_connectionsNote->setText(distributor->isOpen()
-                                   ? tr("Your account allows %1.").arg(distributor->maxConnectionsMax())
-                                   : tr("What your account allows is known after the login."));
-    const int interval = connector->autoSearch()->checkInterval();
-    m_search->setText(interval > 0 ? tr("every %1 minutes").arg(1 + (interval - 1) / 60)
-                                   : tr("not yet known"));
+    m_pages->setTabText(m_pages->indexOf(m_general), tr("&General"));
+    m_pages->setTabText(m_pages->indexOf(m_privacy), tr("&Privacy"));
+    m_reset->setText(tr("&Reset settings"));
 }

@@ -5,17 +5,19 @@
 #include <QDialog>
 
 class ConnectorPlugin;
-class LocaleManager;
-class QComboBox;
-class QLabel;
-class QSpinBox;
+class Core;
+class GeneralPage;
+class PrivacyPage;
+class QPushButton;
+class QTabWidget;
 
-/// The program's settings: language and connections. What is chosen holds after OK. GUI thread.
+/// The settings of the program and of its parts, a page for each subject. What is chosen holds after OK; a
+/// reset and the clearing of private data, each asked for once more, hold at once. GUI thread.
 class SettingsDialog final : public QDialog {
     Q_OBJECT
 public:
-    /// @p plugin may be null, then there are no connections to set.
-    SettingsDialog(LocaleManager *locale, ConnectorPlugin *plugin, QWidget *parent);
+    /// @p plugin may be null, then there are no connections to set. Both outlive the dialog.
+    SettingsDialog(Core *core, ConnectorPlugin *plugin, QWidget *parent);
 
     void accept() override;
 
@@ -24,16 +26,13 @@ protected:
 
 private:
     void build();
-    void fillLanguages();
     void retranslate();
+    void askWhetherToReset();
+    void resetSettings();
 
-    LocaleManager *const m_locale;
-    ConnectorPlugin *const m_plugin;
-    QLabel *m_languageCaption;
-    QComboBox *m_language;
-    QLabel *m_connectionsCaption;
-    QSpinBox *m_connections;
-    QLabel *m_connectionsNote;
-    QLabel *m_searchCaption;
-    QLabel *m_search;
+    Core *const m_core;
+    QTabWidget *const m_pages;
+    GeneralPage *const m_general;
+    PrivacyPage *const m_privacy;
+    QPushButton *const m_reset;
 };

@@ -24,7 +24,9 @@ QList<QWidget *> RecordingPrivateData::createOptionWidgets()
         box->setChecked(remembered.at(kind));
         widgets.append(box);
     }
-    widgets.append(new QSpinBox);
+    auto *days = new QSpinBox;
+    days->setSuffix(QStringLiteral(" days are kept"));
+    widgets.append(days);
     for (QWidget *widget : qAsConst(widgets))
         m_everMade.append(widget);
     made.append(widgets);

@@ -131,7 +131,7 @@ void StorageManagerTest::aNameIsOneComponentOfAPath()
 void StorageManagerTest::databasesLieInTheDataFolder()
 {
     const QTemporaryDir profile;
-    const StorageManager storage(profile.path());
+    StorageManager storage(profile.path());
     QCOMPARE(storage.databasePath(QStringLiteral("corvia")),
              profile.filePath(QStringLiteral("corvia.sqlite")));
     QCOMPARE(QFileInfo(storage.databasePath(QStringLiteral("../x"))).path(), profile.path());

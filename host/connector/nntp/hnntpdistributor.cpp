@@ -50,6 +50,14 @@ void HNntpDistributor::setWantedConnections(int connections)
     Q_EMIT changed();
 }
 
+void HNntpDistributor::resetWantedConnections()
+{
+    const int before = wantedConnections();
+    m_settings.remove(wishKey());
+    if (wantedConnections() != before)
+        Q_EMIT changed();
+}
+
 int HNntpDistributor::maxConnections() const
 {
     return qMin(wantedConnections(), m_limit);

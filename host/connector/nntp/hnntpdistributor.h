@@ -22,6 +22,8 @@ public:
     /// The user's wish; never less than 1.
     int wantedConnections() const;
     void setWantedConnections(int connections);
+    /// Back to what a new user has.
+    void resetWantedConnections();
     /// What is used: the wish, inside the limit.
     int maxConnections() const;
 

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include <halvora/dbutils.h>
 
-#include <QLoggingCategory>
+#include "databaselog.h"
+
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
-
-Q_LOGGING_CATEGORY(logDatabase, "halvora.database")
 
 namespace {
 

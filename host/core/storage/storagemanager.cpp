@@ -2,9 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <halvora/storagemanager.h>
 
+#include "databaseguard.h"
+#include "writealarm.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMetaMethod>
 #include <QStandardPaths>
 
 #include <sys/stat.h>
@@ -27,8 +31,13 @@ void makePrivateDirectory(const QString &path)
 StorageManager::StorageManager(const QString &profile)
     : m_profile(profile.isEmpty() ? QString() : QDir::cleanPath(QDir(profile).absolutePath()))
     , m_downloadFolderName(QStringLiteral("Halvora"))
+    , m_clock(&QDateTime::currentDateTime)
+    , m_alarm(std::make_unique<WriteAlarm>())
 {
+    connect(m_alarm.get(), &WriteAlarm::changed, this, &StorageManager::writeProblemChanged);
 }
+
+StorageManager::~StorageManager() = default;
 
 QString StorageManager::dataDirectory() const
 {
@@ -40,10 +49,52 @@ QString StorageManager::dataDirectory() const
     return path;
 }
 
-QString StorageManager::databasePath(const QString &storageName) const
+QString StorageManager::databasePath(const QString &storageName)
 {
     const QString name = fileName(storageName, QStringLiteral("halvora"));
-    return QDir(dataDirectory()).filePath(name + QStringLiteral(".sqlite"));
+    QString path = QDir(dataDirectory()).filePath(name + QStringLiteral(".sqlite"));
+    if (m_guarded.contains(path))
+        return path;
+    m_guarded.insert(path);
+    const QString sentence = DatabaseGuard(path, m_clock()).keepSafe();
+    if (!sentence.isEmpty())
+        raiseNotice(sentence);
+    m_alarm->watch().add(path);
+    return path;
+}
+
+// What is told before there is a window has to wait for one.
+void StorageManager::raiseNotice(const QString &sentence)
+{
+    if (isSignalConnected(QMetaMethod::fromSignal(&StorageManager::noticeRaised)))
+        Q_EMIT noticeRaised(sentence);
+    else
+        m_notices.append(sentence);
+}
+
+QStringList StorageManager::takeNotices()
+{
+    return std::exchange(m_notices, {});
+}
+
+void StorageManager::setClock(const Clock &clock)
+{
+    m_clock = clock;
+}
+
+QString StorageManager::writeProblem() const
+{
+    return m_alarm->sentence();
+}
+
+void StorageManager::setCheckInterval(std::chrono::milliseconds interval)
+{
+    m_alarm->watch().setInterval(interval);
+}
+
+void StorageManager::checkNow()
+{
+    m_alarm->watch().checkNow();
 }
 
 void StorageManager::setDownloadFolderName(const QString &name)

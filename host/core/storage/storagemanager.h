@@ -4,20 +4,42 @@
 
 #include <halvora/coreexport.h>
 
+#include <QDateTime>
+#include <QObject>
+#include <QSet>
 #include <QString>
+#include <QStringList>
 
-/// Where the program keeps its data and the user's downloads. GUI thread.
-class HALVORA_CORE_EXPORT StorageManager {
+#include <chrono>
+#include <functional>
+#include <memory>
+
+class WriteAlarm;
+
+/// Where the program keeps its data and the user's downloads, and who looks after the databases: a damaged
+/// one is replaced by its newest copy before it is opened, and somebody notices when what is written does not
+/// reach the disk. One object a process. GUI thread.
+class HALVORA_CORE_EXPORT StorageManager : public QObject {
+    Q_OBJECT
 public:
-    /// Everything lives in @p profile when it is given, otherwise in the user's XDG folders.
+    /// The user's own time.
+    using Clock = std::function<QDateTime()>;
+
+    /// Everything lives in @p profile when it is given, otherwise in the user's XDG folders. From now on it
+    /// is told what DBUtils finds.
     explicit StorageManager(const QString &profile = QString());
+    /// Ends the watch over the databases, for which it waits two seconds at most.
+    ~StorageManager() override;
     Q_DISABLE_COPY(StorageManager)
 
     /// The absolute path of the folder for databases and journals, made on demand for its owner alone. Where
     /// it cannot be made, whoever opens a file in it learns so then.
     QString dataDirectory() const;
-    /// The database file of @p storageName in dataDirectory().
-    QString databasePath(const QString &storageName) const;
+    /// The database file of @p storageName in dataDirectory(); to be asked for before the file is opened. The
+    /// first call for each name checks the file, which may take as long as reading it, puts a damaged one
+    /// aside and its newest good copy in its place, makes today's copy of one that has changed, and begins to
+    /// watch whether the file can be written. A file that is not there is not made.
+    QString databasePath(const QString &storageName);
 
     /// Names the folder for downloads within the user's own; the name is cleaned with fileName().
     void setDownloadFolderName(const QString &name);
@@ -28,7 +50,32 @@ public:
     /// never longer than file systems allow; @p fallback when nothing is left of it.
     static QString fileName(const QString &name, const QString &fallback);
 
+    /// The sentences for which noticeRaised() had no listener yet; each is given once.
+    QStringList takeNotices();
+    /// Why the bookmarks are not being saved, as one sentence in the user's language; empty when they are.
+    QString writeProblem() const;
+
+    /// Replaces the system's clock, before the first database is asked for.
+    void setClock(const Clock &clock);
+    /// The time between two looks at whether the databases can be written; a minute unless told.
+    void setCheckInterval(std::chrono::milliseconds interval);
+    /// Looks at once. The outcome comes later, by writeProblemChanged() if it is another one.
+    void checkNow();
+
+Q_SIGNALS:
+    /// Something has happened to a database that the user has to know.
+    void noticeRaised(const QString &sentence);
+    /// @p sentence is writeProblem(). A problem is raised by whoever meets it first, and goes only when a
+    /// look that began afterwards has found everything in order.
+    void writeProblemChanged(const QString &sentence);
+
 private:
+    void raiseNotice(const QString &sentence);
+
     QString m_profile; ///< absolute, or empty
     QString m_downloadFolderName;
+    Clock m_clock;
+    QSet<QString> m_guarded; ///< database files
+    QStringList m_notices;
+    std::unique_ptr<WriteAlarm> m_alarm;
 };

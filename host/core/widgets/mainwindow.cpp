@@ -93,6 +93,11 @@ void MainWindow::showNotice(const QString &sentence)
     m_status->showNotice(sentence);
 }
 
+void MainWindow::showLastingNotice(const QString &sentence)
+{
+    m_status->showLastingNotice(sentence);
+}
+
 void MainWindow::restoreLayout()
 {
     // The notice is a tool bar to Qt, and would come and go with the saved arrangement.

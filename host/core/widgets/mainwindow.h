@@ -40,6 +40,9 @@ public:
     void setOnlineState(int state, const QString &text = QString());
     /// Tells one sentence in the status bar, for 30 seconds or until the next one. Plain text.
     void showNotice(const QString &sentence);
+    /// Tells in the status bar, in a colour of its own, what is wrong until it is put right; an empty @p
+    /// sentence when it is. Plain text.
+    void showLastingNotice(const QString &sentence);
 
     /// Goes back to the place, size and panels of the last run; to be called when all panels were added.
     void restoreLayout();

@@ -16,6 +16,24 @@ namespace {
 
 constexpr int noticeTime = 30000; // milliseconds
 
+void tellAloud(QLabel *label)
+{
+    QAccessibleEvent alert(label, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+// The same colours on light and dark windows: it has to be seen, and is read easily.
+void makeEmphatic(QLabel *label)
+{
+    QPalette colours = label->palette();
+    colours.setColor(QPalette::Window, QColor(0xb3, 0x26, 0x1e));
+    colours.setColor(QPalette::WindowText, Qt::white);
+    label->setPalette(colours);
+    label->setAutoFillBackground(true);
+    label->setContentsMargins(8, 0, 8, 0);
+    label->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred); // no wider than its words
+}
+
 } // namespace
 
 StatusLine::StatusLine(const TrafficMeter &meter, QWidget *parent)
@@ -23,19 +41,24 @@ StatusLine::StatusLine(const TrafficMeter &meter, QWidget *parent)
     , m_dot(new StateDot(this))
     , m_stateText(new ElidedLabel(this))
     , m_notice(new ElidedLabel(this))
+    , m_lasting(new ElidedLabel(this))
     , m_noticeTimer(new QTimer(this))
 {
     setObjectName(QStringLiteral("halvora.statusLine"));
     m_dot->setObjectName(QStringLiteral("halvora.stateDot"));
     m_stateText->setObjectName(QStringLiteral("halvora.stateText"));
     m_notice->setObjectName(QStringLiteral("halvora.notice"));
+    m_lasting->setObjectName(QStringLiteral("halvora.lastingNotice"));
     m_noticeTimer->setObjectName(QStringLiteral("halvora.noticeTimer"));
 
     m_notice->setContentsMargins(12, 0, 6, 0);
     setContentsMargins(6, 1, 4, 1);
     addWidget(m_dot);
     addWidget(m_stateText);
-    addWidget(m_notice, 1); // by its stretch it gives way before the state does
+    addWidget(m_notice, 1);           // by its stretch it gives way before the state does
+    addPermanentWidget(m_lasting, 3); // gives way before the state too, but after the notice
+    m_lasting->hide();
+    makeEmphatic(m_lasting);
     addPermanentWidget(new ConnectionGraphWidget(meter, this));
 
     m_noticeTimer->setSingleShot(true);
@@ -78,8 +101,16 @@ void StatusLine::showNotice(const QString &sentence)
 {
     m_notice->showText(sentence);
     m_noticeTimer->start(noticeTime);
-    QAccessibleEvent alert(m_notice, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    tellAloud(m_notice);
+}
+
+void StatusLine::showLastingNotice(const QString &sentence)
+{
+    const QString before = m_lasting->text();
+    m_lasting->showText(sentence);
+    m_lasting->setVisible(!m_lasting->text().isEmpty());
+    if (m_lasting->text() != before && !m_lasting->text().isEmpty())
+        tellAloud(m_lasting);
 }
 
 void StatusLine::changeEvent(QEvent *event)

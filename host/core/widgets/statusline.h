@@ -9,8 +9,8 @@ class QTimer;
 class StateDot;
 class TrafficMeter;
 
-/// The status bar: whether the program is connected, the last thing that it had to tell, and the download
-/// rate.
+/// The status bar: whether the program is connected, the last thing that it had to tell, what is wrong for as
+/// long as it is, and the download rate.
 class StatusLine final : public QStatusBar {
     Q_OBJECT
 public:
@@ -20,6 +20,8 @@ public:
     /// @p state is a MainWindow::OnlineState. An empty @p text stands for the usual word.
     void setOnlineState(int state, const QString &text);
     void showNotice(const QString &sentence);
+    /// Shows @p sentence beside the notice until it is replaced; nothing for an empty one.
+    void showLastingNotice(const QString &sentence);
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -32,5 +34,6 @@ private:
     StateDot *m_dot;
     ElidedLabel *m_stateText;
     ElidedLabel *m_notice;
+    ElidedLabel *m_lasting;
     QTimer *m_noticeTimer;
 };

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "writealarm.h"
+
+#include "databaselog.h"
+
+#include <halvora/dbutils.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QPointer>
+
+WriteAlarm::WriteAlarm()
+    : m_watch(std::make_unique<StorageWatch>())
+{
+    connect(m_watch.get(), &StorageWatch::checked, this, &WriteAlarm::applyFinding);
+    // The handler is the process's, and may be called when this is gone.
+    DBUtils::setFailureHandler([self = QPointer<WriteAlarm>(this)](const QString &reason) {
+        if (self)
+            self->noteFailure(reason);
+    });
+}
+
+WriteAlarm::~WriteAlarm()
+{
+    // A watch that a disk still keeps waiting keeps what it knows; to destroy it would end the process.
+    if (!m_watch->stop())
+        static_cast<void>(m_watch.release());
+}
+
+QString WriteAlarm::sentence() const
+{
+    using Problem = WriteCheck::Problem;
+    const QString folder = QFileInfo(m_file).path();
+    const QString start = tr("Bookmarks are not being saved: %1");
+    switch (m_problem) {
+    case Problem::FolderMissing:
+        return start.arg(tr("the folder %1 is missing").arg(folder));
+    case Problem::FolderReadOnly:
+        return start.arg(tr("the folder %1 can not be written").arg(folder));
+    case Problem::FileReadOnly:
+        return start.arg(tr("the file %1 can not be written").arg(m_file));
+    case Problem::NotAFile:
+        return start.arg(tr("%1 is not a file").arg(m_file));
+    case Problem::DiskFull:
+        return start.arg(tr("the disk is full"));
+    case Problem::None:
+        break;
+    }
+    return m_failure.isEmpty() ? QString() : start.arg(m_failure);
+}
+
+void WriteAlarm::noteFailure(const QString &reason)
+{
+    m_failure = reason.isEmpty() ? tr("the database does not say why") : reason;
+    m_failures = m_watch->countFailure();
+    m_watch->watch(); // whoever raises the alarm sees to it that it ends
+    tell();
+}
+
+void WriteAlarm::applyFinding()
+{
+    const std::optional<StorageWatch::Finding> finding = m_watch->take();
+    if (!finding)
+        return;
+    m_problem = finding->problem;
+    m_file = QFile::decodeName(QByteArray::fromStdString(finding->file));
+    // A look that had begun before the failure knows nothing of it.
+    if (m_problem == WriteCheck::Problem::None && finding->failures == m_failures)
+        m_failure.clear();
+    tell();
+}
+
+void WriteAlarm::tell()
+{
+    const QString now = sentence();
+    if (now == m_told)
+        return;
+    m_told = now;
+    if (now.isEmpty())
+        qCInfo(logDatabase) << "Bookmarks are being saved again";
+    else
+        qCWarning(logDatabase).noquote() << now;
+    Q_EMIT changed(now);
+}

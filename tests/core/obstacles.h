@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+
+/// Takes the right to write a file or folder away, also from root, for as long as this lives.
+class WriteProtection {
+public:
+    explicit WriteProtection(const QString &path);
+    ~WriteProtection() { release(); }
+    Q_DISABLE_COPY(WriteProtection)
+
+    /// Why there is none, empty when there is.
+    QString problem() const { return m_problem; }
+    void release();
+
+private:
+    bool change(bool protect) const;
+
+    const QString m_path;
+    QString m_problem;
+    bool m_held = false;
+};
+
+/// A disk of two mebibytes for as long as this lives. Only root may mount one.
+class SmallDisk {
+public:
+    SmallDisk();
+    ~SmallDisk();
+    Q_DISABLE_COPY(SmallDisk)
+
+    QString problem() const { return m_problem; }
+    QString path() const { return m_folder.path(); }
+    /// Takes all the room, and gives it back.
+    void fill() const;
+    void empty() const;
+
+private:
+    QTemporaryDir m_folder;
+    QString m_problem;
+};

@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "bookmarkfile.h"
+
+#include <halvora/dbutils.h>
+
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class DBUtilsTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void aFailureIsToldInTheDatabasesWords_data();
+    void aFailureIsToldInTheDatabasesWords();
+    void whatSucceededIsNotTold();
+    void aFailureThatNobodyListensToIsLogged();
+    void everyConnectionIsClosed();
+
+private:
+    QTemporaryDir m_folder;
+    QStringList m_told;
+};
+
+void DBUtilsTest::init()
+{
+    m_told.clear();
+    DBUtils::setFailureHandler([this](const QString &reason) { m_told.append(reason); });
+}
+
+void DBUtilsTest::cleanup()
+{
+    DBUtils::setFailureHandler({});
+}
+
+void DBUtilsTest::aFailureIsToldInTheDatabasesWords_data()
+{
+    QTest::addColumn<QString>("statement");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("unknown table") << QStringLiteral("SELECT * FROM newsgroups")
+                                   << QStringLiteral("no such table: newsgroups");
+    QTest::newRow("no statement") << QStringLiteral("SELEKT")
+                                  << QStringLiteral("near \"SELEKT\": syntax error");
+}
+
+void DBUtilsTest::aFailureIsToldInTheDatabasesWords()
+{
+    QFETCH(QString, statement);
+    QFETCH(QString, reason);
+    BookmarkFile file(m_folder.filePath(QStringLiteral("words.sqlite")));
+    QSqlQuery query(file.database());
+    QVERIFY(!query.exec(statement));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QRegularExpression::escape(reason)));
+    DBUtils::checkForErrors(query);
+    QCOMPARE(m_told, QStringList(reason));
+}
+
+void DBUtilsTest::whatSucceededIsNotTold()
+{
+    BookmarkFile file(m_folder.filePath(QStringLiteral("good.sqlite")));
+    QSqlQuery query(file.database());
+    DBUtils::checkForErrors(query);
+    QVERIFY(query.exec(QStringLiteral("SELECT title FROM bookmarks")));
+    DBUtils::checkForErrors(query);
+    QCOMPARE(m_told, QStringList());
+}
+
+void DBUtilsTest::aFailureThatNobodyListensToIsLogged()
+{
+    DBUtils::setFailureHandler({});
+    BookmarkFile file(m_folder.filePath(QStringLiteral("logged.sqlite")));
+    QSqlQuery query(file.database());
+    QVERIFY(!query.exec(QStringLiteral("SELECT 1 FROM absent")));
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("SELECT 1 FROM absent.*no such table")));
+    DBUtils::checkForErrors(query);
+}
+
+void DBUtilsTest::everyConnectionIsClosed()
+{
+    BookmarkFile one(m_folder.filePath(QStringLiteral("one.sqlite")));
+    BookmarkFile two(m_folder.filePath(QStringLiteral("two.sqlite")));
+    QVERIFY(two.add(QStringLiteral("kept")));
+    QVERIFY(two.run(QStringLiteral("BEGIN")));
+    QVERIFY(two.add(QStringLiteral("never committed")));
+    QSqlQuery unfinished(two.database());
+    QVERIFY(unfinished.exec(QStringLiteral("SELECT title FROM bookmarks")) && unfinished.next());
+    DBUtils::closeAll();
+    QVERIFY(!one.database().isOpen());
+    QVERIFY(!two.database().isOpen());
+    QVERIFY(!QFileInfo::exists(m_folder.filePath(QStringLiteral("two.sqlite-journal"))));
+    QCOMPARE(BookmarkFile::titlesOf(m_folder.filePath(QStringLiteral("two.sqlite"))),
+             QStringList(QStringLiteral("kept")));
+}
+
+QTEST_GUILESS_MAIN(DBUtilsTest)
+#include "tst_dbutils.moc"
