@@ -65,6 +65,7 @@ void BookmarkWriter::writeRow(const QSqlDatabase &database, BookmarkItem *item)
     }
     run(m_insert, database, {parentId, name, newsgroup, item->color(), expanded, -1});
     item->setId(m_insert.query().lastInsertId().toLongLong());
+    m_orders.forget(item->id());
 }
 
 void BookmarkWriter::writeOrder(const QSqlDatabase &database, const BookmarkItem *parent,
