@@ -6,25 +6,13 @@
 
 #include <halvora/dbutils.h>
 
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QVariant>
-
-#include <utility>
 
 namespace {
 
 QVariant parentIdOf(const BookmarkItem &item)
 {
     return item.parent() ? QVariant(item.parent()->id()) : QVariant(QVariant::LongLong);
-}
-
-bool isRowMissing(const QSqlDatabase &database, qint64 id)
-{
-    QSqlQuery query(database);
-    query.prepare(QStringLiteral("SELECT 1 FROM bookmarks WHERE bookmark_id=?"));
-    query.bindValue(0, id);
-    return query.exec() && !query.next();
 }
 
 } // namespace
@@ -54,24 +42,14 @@ bool BookmarkWriter::run(PreparedStatement &statement, const QSqlDatabase &datab
 
 void BookmarkWriter::begin(const QSqlDatabase &database)
 {
-    m_inserted.clear();
     run(m_begin, database);
     DBUtils::checkForErrors(m_begin.query());
 }
 
-// A full disk takes the whole transaction back, and the ids that it gave are given again to others. A commit
-// that somebody's reading only holds up leaves the rows in sight and the transaction to the next commit.
 void BookmarkWriter::commit(const QSqlDatabase &database)
 {
-    const QList<BookmarkItem *> inserted = std::exchange(m_inserted, {});
-    const bool committed = run(m_commit, database);
+    run(m_commit, database);
     DBUtils::checkForErrors(m_commit.query());
-    if (committed)
-        return;
-    for (BookmarkItem *item : inserted) {
-        if (isRowMissing(database, item->id()))
-            item->setId(0);
-    }
 }
 
 void BookmarkWriter::writeRow(const QSqlDatabase &database, BookmarkItem *item)
@@ -87,7 +65,7 @@ void BookmarkWriter::writeRow(const QSqlDatabase &database, BookmarkItem *item)
     }
     run(m_insert, database, {parentId, name, newsgroup, item->color(), expanded, -1});
     item->setId(m_insert.query().lastInsertId().toLongLong());
-    m_inserted.append(item);
+    m_orders.forget(item->id());
 }
 
 void BookmarkWriter::writeOrder(const QSqlDatabase &database, const BookmarkItem *parent,

@@ -18,7 +18,6 @@ public:
     BookmarkWriter();
 
     void begin(const QSqlDatabase &database);
-    /// Items that were inserted since begin() live until then. One whose row did not stay gets the id 0.
     void commit(const QSqlDatabase &database);
 
     /// Updates the row of @p item, or inserts one and gives the item its id: 0 when that failed, so that the
@@ -45,5 +44,4 @@ private:
     PreparedStatement m_order;
     PreparedStatement m_delete;
     SiblingOrders m_orders;
-    QList<BookmarkItem *> m_inserted; ///< in this transaction
 };

@@ -16,6 +16,12 @@ bool SiblingOrders::note(qint64 id, int place)
     return true;
 }
 
+void SiblingOrders::forget(qint64 id)
+{
+    if (m_places.remove(id) > 0)
+        unsettle();
+}
+
 int SiblingOrders::settled(const BookmarkItem *parent) const
 {
     return parent == m_settledParent ? m_settledCount : 0;

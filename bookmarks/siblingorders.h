@@ -14,6 +14,9 @@ public:
     bool holds(qint64 id, int place) const;
     /// @p place was stored for @p id. False, and not noted, when that is no row's.
     bool note(qint64 id, int place);
+    /// A row was inserted with @p id. There may have been one before it that a failure took back, and whose
+    /// item still had its place written, to no effect.
+    void forget(qint64 id);
 
     /// The number of leading items of the list below @p parent (null for the top level) that need no look.
     int settled(const BookmarkItem *parent) const;

@@ -1,0 +1,338 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "bookmarkoracle.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+QString knownColor(const QString &name, const QString &otherwise)
+{
+    static const QStringList known{
+        QStringLiteral("orange"), QStringLiteral("yellow"), QStringLiteral("red"),  QStringLiteral("gray"),
+        QStringLiteral("green"),  QStringLiteral("brown"),  QStringLiteral("cyan"), QStringLiteral("blue")};
+    const QString color = name.toLower();
+    return color.isEmpty() || known.contains(color) ? color : otherwise;
+}
+
+OracleList::iterator at(OracleList &list, int row)
+{
+    return list.begin() + row;
+}
+
+} // namespace
+
+BookmarkOracle::BookmarkOracle(const QString &path, bool looks)
+    : m_path(path)
+    , m_looks(looks)
+{
+    reopen();
+    file().run("CREATE TABLE bookmarks (bookmark_id INTEGER PRIMARY KEY AUTOINCREMENT, parent_id INTEGER, "
+               "bookmark_name TEXT, bookmark_newsgroup TEXT, bookmark_color TEXT, bookmark_expanded BOOLEAN, "
+               "bookmark_order INTEGER)");
+}
+
+BookmarkOracle::~BookmarkOracle() = default;
+
+void BookmarkOracle::reopen()
+{
+    m_file.reset();
+    m_file = std::make_unique<SqliteFile>(m_path);
+}
+
+int BookmarkOracle::rowOf(const OracleItem *item)
+{
+    const OracleList &list = siblings(item->parent);
+    int row = 0;
+    while (list.at(std::size_t(row)).get() != item)
+        ++row;
+    return row;
+}
+
+std::unique_ptr<OracleItem> BookmarkOracle::make(bool isFolder, const QString &name, OracleItem *parent)
+{
+    auto item = std::make_unique<OracleItem>();
+    item->serial = ++m_lastSerial;
+    item->isFolder = isFolder;
+    item->name = name;
+    item->parent = parent;
+    return item;
+}
+
+OracleList BookmarkOracle::select(const char *statement, std::initializer_list<SqlValue> values,
+                                  OracleItem *parent)
+{
+    OracleList items;
+    file().run(statement, values, [&](sqlite3_stmt *row) {
+        enum { Id, ParentId, Name, Newsgroup, Color, Expanded };
+        const bool isFolder = SqlStatement::isNull(row, Newsgroup);
+        auto item = make(isFolder, SqlStatement::text(row, isFolder ? Name : Newsgroup), parent);
+        item->id = SqlStatement::number(row, Id);
+        item->parentId = SqlStatement::isNull(row, ParentId) ? -1 : SqlStatement::number(row, ParentId);
+        item->color = knownColor(SqlStatement::text(row, Color), QString());
+        item->isExpanded = isFolder && SqlStatement::number(row, Expanded) != 0;
+        items.push_back(std::move(item));
+    });
+    return items;
+}
+
+void BookmarkOracle::touch(OracleItem *item)
+{
+    if (!item || item->isLoaded || item->id < 1)
+        return;
+    OracleList children =
+        select("SELECT * FROM bookmarks WHERE parent_id=? ORDER BY bookmark_order ASC", {item->id}, item);
+    for (std::unique_ptr<OracleItem> &child : children)
+        item->children.push_back(std::move(child));
+    item->isLoaded = true;
+}
+
+void BookmarkOracle::look()
+{
+    lookBelow(nullptr);
+}
+
+void BookmarkOracle::lookBelow(OracleItem *parent)
+{
+    touch(parent);
+    if (parent && !parent->isFolder)
+        return;
+    for (const std::unique_ptr<OracleItem> &item : siblings(parent))
+        lookBelow(item.get());
+}
+
+void BookmarkOracle::lookIfWatched()
+{
+    if (m_looks)
+        look();
+}
+
+void BookmarkOracle::load()
+{
+    file().run("BEGIN");
+    OracleList items =
+        select("SELECT * FROM bookmarks WHERE parent_id IS NULL ORDER BY bookmark_order ASC", {}, nullptr);
+    m_newsgroups.clear();
+    file().run("SELECT bookmark_newsgroup FROM bookmarks", {},
+               [this](sqlite3_stmt *row) { m_newsgroups.append(SqlStatement::text(row, 0)); });
+    file().run("COMMIT");
+    m_topLevel = std::move(items);
+    lookIfWatched();
+}
+
+void BookmarkOracle::clear()
+{
+    file().run("BEGIN");
+    file().run("DELETE FROM bookmarks");
+    file().run("COMMIT");
+    m_topLevel.clear();
+}
+
+void BookmarkOracle::insert(std::unique_ptr<OracleItem> item, int row)
+{
+    OracleList &list = siblings(item->parent);
+    list.insert(at(list, row), std::move(item));
+}
+
+void BookmarkOracle::save(OracleItem *item)
+{
+    file().run("BEGIN");
+    write(item);
+    file().run("COMMIT");
+}
+
+void BookmarkOracle::write(OracleItem *item)
+{
+    const SqlValue parentId = item->parent ? SqlValue(item->parent->id) : SqlValue();
+    const SqlValue name = item->isFolder ? SqlValue(item->name) : SqlValue();
+    const SqlValue newsgroup = item->isFolder ? SqlValue() : SqlValue(item->name);
+    const qint64 expanded = item->isExpanded ? 1 : 0;
+    if (item->id > 0) {
+        file().run(
+            "UPDATE bookmarks SET parent_id=?, bookmark_name=?, bookmark_newsgroup=?, bookmark_color=?, "
+            "bookmark_expanded=? WHERE bookmark_id=?",
+            {parentId, name, newsgroup, item->color, expanded, item->id});
+    } else {
+        const bool isInserted =
+            file().run("INSERT INTO bookmarks (parent_id, bookmark_name, bookmark_newsgroup, bookmark_color, "
+                       "bookmark_expanded, bookmark_order) VALUES (?, ?, ?, ?, ?, ?)",
+                       {parentId, name, newsgroup, item->color, expanded, qint64(-1)});
+        item->id = isInserted ? sqlite3_last_insert_rowid(file().handle()) : 0;
+    }
+    renumber(item->parent);
+}
+
+void BookmarkOracle::renumber(OracleItem *parent)
+{
+    SqlStatement statement(file().handle(), "UPDATE bookmarks SET bookmark_order=? WHERE bookmark_id=?");
+    qint64 place = 0;
+    for (const std::unique_ptr<OracleItem> &sibling : siblings(parent))
+        statement.run({place++, sibling->id});
+}
+
+void BookmarkOracle::deleteRows(OracleItem *item)
+{
+    for (const std::unique_ptr<OracleItem> &child : item->children)
+        deleteRows(child.get());
+    file().run("DELETE FROM bookmarks WHERE bookmark_id=?", {item->id});
+    if (!item->isFolder)
+        m_newsgroups.removeOne(item->name);
+}
+
+void BookmarkOracle::addFolder(OracleItem *parent)
+{
+    touch(parent);
+    if (parent && !parent->isFolder)
+        return;
+    lookIfWatched();
+    auto item = make(true, QStringLiteral("New Folder"), parent);
+    OracleItem *folder = item.get();
+    insert(std::move(item), parent ? 0 : int(m_topLevel.size()));
+    save(folder);
+    lookIfWatched();
+}
+
+void BookmarkOracle::addBookmarks(const QStringList &names, OracleItem *chosen)
+{
+    touch(chosen);
+    OracleItem *folder = chosen;
+    int row = 0;
+    if (chosen && !chosen->isFolder) {
+        folder = chosen->parent;
+        row = rowOf(chosen) + 1;
+        if (!folder)
+            return;
+    }
+    touch(folder);
+    lookIfWatched();
+    for (const QString &name : names) {
+        auto item = make(false, name, folder);
+        OracleItem *bookmark = item.get();
+        insert(std::move(item), folder ? row++ : int(m_topLevel.size()));
+        save(bookmark);
+        m_newsgroups.append(name);
+    }
+    lookIfWatched();
+}
+
+void BookmarkOracle::rename(OracleItem *item, const QString &name)
+{
+    touch(item);
+    item->name = name;
+    save(item);
+    lookIfWatched();
+}
+
+void BookmarkOracle::setColor(OracleItem *item, const QString &name)
+{
+    touch(item);
+    item->color = knownColor(name, item->color);
+    save(item);
+    lookIfWatched();
+}
+
+void BookmarkOracle::setExpanded(OracleItem *item, bool expanded)
+{
+    touch(item);
+    if (!item->isFolder)
+        return;
+    item->isExpanded = expanded;
+    save(item);
+}
+
+void BookmarkOracle::remove(OracleItem *item)
+{
+    touch(item);
+    lookIfWatched();
+    file().run("BEGIN");
+    OracleList &list = siblings(item->parent);
+    const auto place = at(list, rowOf(item));
+    const std::unique_ptr<OracleItem> removed = std::move(*place);
+    list.erase(place);
+    deleteRows(removed.get());
+    file().run("COMMIT");
+    lookIfWatched();
+}
+
+void BookmarkOracle::dropNewsgroups(const QStringList &names, int row, OracleItem *folder)
+{
+    touch(folder);
+    if (row == -1)
+        row = int(siblings(folder).size());
+    lookIfWatched();
+    for (const QString &name : names) {
+        auto item = make(false, name, folder);
+        OracleItem *bookmark = item.get();
+        insert(std::move(item), row++);
+        save(bookmark);
+        m_newsgroups.append(name);
+    }
+    lookIfWatched();
+}
+
+bool BookmarkOracle::dropBookmarks(const QVector<qint64> &ids, int row, OracleItem *folder)
+{
+    touch(folder);
+    if (row == -1)
+        row = int(siblings(folder).size());
+    OracleList fresh;
+    for (const qint64 id : ids) {
+        OracleList found = select("SELECT * FROM bookmarks WHERE bookmark_id=?", {id}, nullptr);
+        for (std::unique_ptr<OracleItem> &item : found)
+            fresh.push_back(std::move(item));
+    }
+    if (fresh.empty())
+        return false;
+    lookIfWatched();
+    for (std::unique_ptr<OracleItem> &item : fresh) {
+        OracleItem *moved = item.get();
+        moved->parent = folder;
+        insert(std::move(item), row++);
+        save(moved);
+        for (OracleItem *parent : {folder, static_cast<OracleItem *>(nullptr)}) {
+            touch(parent);
+            file().run("BEGIN");
+            renumber(parent);
+            file().run("COMMIT");
+        }
+    }
+    lookIfWatched();
+    return true;
+}
+
+void BookmarkOracle::removeRows(int row, int count, OracleItem *parent)
+{
+    touch(parent);
+    lookIfWatched();
+    OracleList &list = siblings(parent);
+    list.erase(at(list, row), at(list, row + count));
+    lookIfWatched();
+}
+
+void BookmarkOracle::import(const QVector<OracleImport> &folders)
+{
+    if (folders.isEmpty())
+        return;
+    file().run("BEGIN");
+    lookIfWatched();
+    QStringList newsgroups;
+    for (const OracleImport &source : folders) {
+        if (!source.isFolder)
+            continue;
+        m_topLevel.push_back(make(true, source.name, nullptr));
+        OracleItem *folder = m_topLevel.back().get();
+        folder->isLoaded = true;
+        write(folder);
+        for (const OracleImport &child : source.children) {
+            if (child.isFolder)
+                continue;
+            folder->children.push_back(make(false, child.name, folder));
+            folder->children.back()->isLoaded = true;
+            write(folder->children.back().get());
+            newsgroups.append(child.name);
+        }
+    }
+    file().run("COMMIT");
+    m_newsgroups = newsgroups;
+    lookIfWatched();
+}

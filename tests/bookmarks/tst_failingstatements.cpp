@@ -1,0 +1,270 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "bookmarkoperations.h"
+#include "bookmarkstore.h"
+#include "nthfault.h"
+#include "smalldisk.h"
+#include "sqlitefile.h"
+#include "statementfaults.h"
+#include "tests/support/sanitized.h"
+
+#include "bookmarks/bookmarkitem.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QTest>
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+// Folders one (with a, b and inner, with c) and two (with d), and the newsgroup e.
+constexpr char content[] =
+    "DELETE FROM bookmarks; DELETE FROM sqlite_sequence;"
+    "INSERT INTO bookmarks VALUES (1, NULL, 'one', NULL, NULL, 1, 0), (2, NULL, 'two', NULL, 'red', 0, 1),"
+    "(3, NULL, NULL, 'e', NULL, 0, 2), (4, 1, NULL, 'a', NULL, 0, 0), (5, 1, NULL, 'b', NULL, 0, 1),"
+    "(6, 1, 'inner', NULL, NULL, 0, 2), (7, 6, NULL, 'c', NULL, 0, 0), (8, 2, NULL, 'd', NULL, 0, 0)";
+
+/// What was said that nobody expects. That statements fail is expected, and told in a category of its own.
+QStringList &complaints()
+{
+    static QStringList list;
+    return list;
+}
+
+void noteComplaint(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (type == QtFatalMsg) {
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+        std::abort();
+    }
+    if (type == QtWarningMsg && qstrcmp(context.category, "default") == 0)
+        complaints().append(text);
+}
+
+/// A row whose order is not the last of its places in @p list, if any.
+QString wrongPlace(const BookmarkStore &store, const QList<BookmarkItem *> &list)
+{
+    QHash<QString, QString> places;
+    for (int place = 0; place < list.size(); ++place)
+        places[QString::number(list.at(place)->id())] = QString::number(place);
+    const QVector<BookmarkRow> rows = store.rows();
+    for (const BookmarkRow &row : rows) {
+        if (places.value(row.first(), row.last()) != row.last())
+            return row.join(QLatin1Char('|')) + QStringLiteral(" is at ") + places.value(row.first());
+    }
+    return {};
+}
+
+bool holds(const BookmarkStore &store, const QString &name)
+{
+    const QVector<BookmarkRow> rows = store.rows();
+    return std::any_of(rows.cbegin(), rows.cend(),
+                       [&](const BookmarkRow &row) { return row.contains(name); });
+}
+
+/// Writes to the top, to a new folder and to an old one. Returns what is wrong afterwards.
+QString troubleInLaterWrites(BookmarkStore &store)
+{
+    store.check();
+    const QModelIndex added = store.addFolder(QStringLiteral("later"));
+    const BookmarkItem *folder = store.model().itemFromIndex(added);
+    QString wrong = wrongPlace(store, store.model().topLevelItems());
+    if (!wrong.isEmpty() || !holds(store, QStringLiteral("later")))
+        return QStringLiteral("at the top: ") + wrong;
+    store.model().addBookmarks({QStringLiteral("later.group")}, added);
+    wrong = wrongPlace(store, folder->children());
+    if (!wrong.isEmpty() || !holds(store, QStringLiteral("later.group")))
+        return QStringLiteral("in the new folder: ") + wrong;
+    const QModelIndex first = store.at({0});
+    folder = store.model().itemFromIndex(first);
+    if (!folder->isFolder())
+        return {};
+    store.model().addBookmarks({QStringLiteral("later.other")}, first);
+    wrong = wrongPlace(store, folder->children());
+    if (!wrong.isEmpty() || !holds(store, QStringLiteral("later.other")))
+        return QStringLiteral("in the first folder: ") + wrong;
+    return sqlite3_get_autocommit(BookmarkStore::handle()) ? QString()
+                                                           : QStringLiteral("a transaction is left open");
+}
+
+/// Closes the store. Returns what is wrong with that.
+QString troubleInClosing(BookmarkStore &store)
+{
+    store.close();
+    if (!SqliteFile(store.path()).run("BEGIN EXCLUSIVE"))
+        return QStringLiteral("The file is still locked.");
+    return complaints().join(QLatin1Char('\n'));
+}
+
+QString troubleAfterwards(BookmarkStore &store)
+{
+    const QString trouble = troubleInLaterWrites(store);
+    return trouble + troubleInClosing(store);
+}
+
+/// Opens @p store with the content that each attempt begins with, all of it read.
+void begin(BookmarkStore &store)
+{
+    store.close();
+    complaints().clear();
+    store.execute(QString::fromLatin1(content));
+    store.open();
+    sqlite3_busy_timeout(BookmarkStore::handle(), 0);
+    store.check();
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(BookmarkOperation)
+
+class TestFailingStatements : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+    void eachStatementMayFailOnce_data();
+    void eachStatementMayFailOnce();
+    void aRowThatTakesTheIdOfALostOneGetsItsPlace();
+    void theFileMayBeLocked_data();
+    void theFileMayBeLocked();
+    void theDiskMayBeFull_data();
+    void theDiskMayBeFull();
+
+private:
+    QtMessageHandler m_earlierHandler = nullptr;
+};
+
+void TestFailingStatements::initTestCase()
+{
+    if (QFileInfo(QStringLiteral("/dev/shm")).isWritable())
+        qputenv("TMPDIR", "/dev/shm");
+    m_earlierHandler = qInstallMessageHandler(noteComplaint);
+}
+
+void TestFailingStatements::cleanupTestCase()
+{
+    qInstallMessageHandler(m_earlierHandler);
+}
+
+void TestFailingStatements::eachStatementMayFailOnce_data()
+{
+    QTest::addColumn<BookmarkOperation>("operation");
+    QTest::addColumn<int>("kind");
+    for (const auto &[name, operation] : bookmarkOperations()) {
+        QTest::addRow("%s, interrupted", name) << operation << int(NthFault::Interrupted);
+        QTest::addRow("%s, denied", name) << operation << int(NthFault::Denied);
+        QTest::addRow("%s, commit refused", name) << operation << int(NthFault::Refused);
+    }
+}
+
+void TestFailingStatements::eachStatementMayFailOnce()
+{
+    QFETCH(BookmarkOperation, operation);
+    QFETCH(int, kind);
+    BookmarkStore store;
+    bool wasReached = true;
+    int number = 1;
+    // There are a hundred permissions to an operation; the statements that they are for are fewer.
+    const int step = kind == NthFault::Denied ? sanitizedShare : 1;
+    for (; wasReached; number += step) {
+        begin(store);
+        {
+            const NthFault fault(BookmarkStore::handle(), NthFault::Kind(kind), number);
+            operation(store);
+            wasReached = fault.wasReached();
+        }
+        operation(store);
+        const QString trouble = troubleAfterwards(store);
+        QVERIFY2(trouble.isEmpty(), qPrintable(QStringLiteral("failure %1: %2").arg(number).arg(trouble)));
+    }
+    // What only reads commits no change.
+    QVERIFY(number > 2 || kind == NthFault::Refused);
+}
+
+void TestFailingStatements::aRowThatTakesTheIdOfALostOneGetsItsPlace()
+{
+    BookmarkStore store;
+    begin(store);
+    StatementFaults faults(BookmarkStore::handle());
+    StatementFault fault;
+    fault.change = StatementFault::Order;
+    fault.effect = StatementFault::Rollback;
+    faults.set(fault);
+    store.model().addBookmarks({QStringLiteral("lost")}, store.at({0}));
+    QVERIFY(!holds(store, QStringLiteral("lost")));
+    faults.set({});
+    store.model().setData(store.at({0, 1}), QStringLiteral("renamed"));
+    store.model().removeBookmark(store.at({0, 0}));
+    store.model().addBookmarks({QStringLiteral("kept")}, store.at({0}));
+    QCOMPARE(store.orders(QStringLiteral("1")).join(QLatin1Char(' ')),
+             QStringLiteral("kept 0 renamed 1 b 2 inner 3"));
+}
+
+void TestFailingStatements::theFileMayBeLocked_data()
+{
+    QTest::addColumn<BookmarkOperation>("operation");
+    QTest::addColumn<QByteArray>("lock");
+    for (const auto &[name, operation] : bookmarkOperations()) {
+        QTest::addRow("%s, while nobody may read", name) << operation << QByteArray("BEGIN EXCLUSIVE");
+        QTest::addRow("%s, while nobody may write", name) << operation << QByteArray("BEGIN IMMEDIATE");
+        QTest::addRow("%s, while nobody may commit", name) << operation << QByteArray("BEGIN DEFERRED");
+    }
+}
+
+void TestFailingStatements::theFileMayBeLocked()
+{
+    QFETCH(BookmarkOperation, operation);
+    QFETCH(QByteArray, lock);
+    BookmarkStore store;
+    begin(store);
+    const QVector<BookmarkRow> before = store.rows();
+    SqliteFile other(store.path());
+    QVERIFY(other.run(lock.constData()));
+    QVERIFY(other.run("SELECT * FROM bookmarks"));
+    operation(store);
+    operation(store);
+    QVERIFY(other.run("ROLLBACK"));
+    operation(store);
+    QCOMPARE(troubleAfterwards(store), QString());
+    QVERIFY(store.rows() != before);
+}
+
+void TestFailingStatements::theDiskMayBeFull_data()
+{
+    QTest::addColumn<BookmarkOperation>("operation");
+    for (const auto &[name, operation] : bookmarkOperations())
+        QTest::addRow("%s", name) << operation;
+}
+
+void TestFailingStatements::theDiskMayBeFull()
+{
+    QFETCH(BookmarkOperation, operation);
+    SmallDisk disk;
+    if (!disk.trouble().isEmpty())
+        QSKIP(qPrintable(disk.trouble()));
+    const QByteArray folder = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(disk.path()));
+    BookmarkStore store;
+    if (folder.isNull())
+        qunsetenv("TMPDIR");
+    else
+        qputenv("TMPDIR", folder);
+    begin(store);
+    const QVector<BookmarkRow> before = store.rows();
+    disk.fill();
+    operation(store);
+    store.leave();
+    store.addFolder(QStringLiteral("no room"));
+    QCOMPARE(store.rows(), before);
+    disk.release();
+    operation(store);
+    QCOMPARE(troubleAfterwards(store), QString());
+}
+
+QTEST_MAIN(TestFailingStatements)
+#include "tst_failingstatements.moc"
