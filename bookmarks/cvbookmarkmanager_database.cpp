@@ -105,10 +105,12 @@ QList<BookmarkItem *> CVBookmarkManager::readItems(const QString &statement, con
 {
     QSqlQuery query(database());
     query.setForwardOnly(true);
-    query.prepare(statement.arg(constants::bookmarkColumns, 0, QLatin1Char(' ')));
+    // What could not be prepared is not run, or the error would be that there is nothing to run.
+    const bool prepared = query.prepare(statement.arg(constants::bookmarkColumns, 0, QLatin1Char(' ')));
     if (id.isValid())
         query.bindValue(0, id);
-    query.exec();
+    if (prepared)
+        query.exec();
     DBUtils::checkForErrors(query);
     QList<BookmarkItem *> items;
     while (query.next())

@@ -52,7 +52,9 @@ QString WriteAlarm::sentence() const
 
 void WriteAlarm::noteFailure(const QString &reason)
 {
-    m_failure = reason.isEmpty() ? tr("the database does not say why") : reason;
+    // The first of a row is the cause; what follows complains of what the first one left undone.
+    if (m_failure.isEmpty())
+        m_failure = reason.isEmpty() ? tr("the database does not say why") : reason;
     m_failures = m_watch->countFailure();
     m_watch->watch(); // whoever raises the alarm sees to it that it ends
     tell();
