@@ -51,7 +51,7 @@ void keepSettingsIn(const QString &profile)
 QString pluginDirectory(const Options &options)
 {
     if (!options.pluginDirectory.isEmpty())
-        return options.pluginDirectory;
+        return QDir(options.pluginDirectory).absolutePath(); // relative ones are searched elsewhere
     return QCoreApplication::applicationDirPath() + QStringLiteral("/plugins");
 }
 

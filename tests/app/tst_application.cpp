@@ -52,6 +52,7 @@ private Q_SLOTS:
     void aRefusedSessionWordMeansANewLogin();
     void aRefusedReplyIsToldInTheStatusBar();
     void withoutAServiceTheWindowSaysSo();
+    void aRelativePluginFolderIsTheOneBelowTheCurrent();
     void withoutPluginsTheWindowSaysSo();
     void whatCouldNotBeLoadedIsStillToldAfterTheLogin();
     void aSecondProviderIsLeftOut();
@@ -314,6 +315,16 @@ void TestApplication::withoutAServiceTheWindowSaysSo()
     application.connectorPlugin()->startLogin();
     QTRY_COMPARE(connector->server()->connectorState(), HServer::ServiceLost);
     QVERIFY(statusBarSays(*application.window(), QStringLiteral("No account service is reachable.")));
+}
+
+void TestApplication::aRelativePluginFolderIsTheOneBelowTheCurrent()
+{
+    const QTemporaryDir profile;
+    Options options;
+    options.profile = profile.path();
+    options.pluginDirectory = QDir::current().relativeFilePath(QStringLiteral(PLUGIN_DIRECTORY));
+    const Application application(options);
+    QVERIFY(application.connectorPlugin());
 }
 
 void TestApplication::withoutPluginsTheWindowSaysSo()
