@@ -12,8 +12,9 @@ bool SiblingOrders::note(qint64 id, int place)
 {
     if (id < 1)
         return false;
+    const bool isFirst = !m_places.contains(id);
     m_places[id] = place;
-    return true;
+    return isFirst;
 }
 
 void SiblingOrders::forget(qint64 id)

@@ -12,7 +12,9 @@ class BookmarkItem;
 class SiblingOrders {
 public:
     bool holds(qint64 id, int place) const;
-    /// @p place was stored for @p id. False, and not noted, when that is no row's.
+    /// @p place, which holds() denied, was stored for @p id. False when a list with this item can not be
+    /// settled yet: the id is no row's, or the row had another place, which it has to get again where the
+    /// list holds it twice.
     bool note(qint64 id, int place);
     /// A row was inserted with @p id. There may have been one before it that a failure took back, and whose
     /// item still had its place written, to no effect.
