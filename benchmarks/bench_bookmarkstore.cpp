@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QSqlDatabase>
 
 #include <algorithm>
 #include <cstdio>
@@ -69,7 +68,7 @@ BookmarkItem *append(BookmarkItem *folder, int number)
     auto *bookmark = new BookmarkItem(BookmarkKind::Bookmark, folder);
     bookmark->setName(benchmarkNewsgroup(number));
     bookmark->setChildrenLoaded(true);
-    folder->appendChild(bookmark);
+    folder->insertChild(folder->children().size(), bookmark);
     return bookmark;
 }
 
@@ -78,13 +77,10 @@ void import(int count, int rounds, int literalRounds, const char *what, const ch
     Sides sides;
     for (int round = 0; round < rounds; ++round) {
         Scene scene;
-        QSqlDatabase database = QSqlDatabase::database(QStringLiteral("CVBookmarkManager"));
-        sides.ours.append(milliseconds([&] {
-            database.transaction();
-            for (int number = 0; number < count; ++number)
-                scene.store.model().writeItem(database, append(scene.item, number));
-            database.commit();
-        }));
+        BookmarkItem source(BookmarkKind::Folder, nullptr);
+        for (int number = 0; number < count; ++number)
+            append(&source, number);
+        sides.ours.append(milliseconds([&] { scene.store.model().importFolders({&source}); }));
         RawBookmarks raw(scene.copyPath());
         sides.raw.append(milliseconds([&] { raw.appendAtLeast(scene.item->id(), count, true); }));
         if (round >= literalRounds)

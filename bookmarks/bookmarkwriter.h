@@ -10,9 +10,9 @@
 class BookmarkItem;
 class QSqlDatabase;
 
-/// Writes bookmarks to their table. After each commit every row of a list that was written has its place in
-/// the list as its order; an order that is known to be stored already is not written again. Has to go before
-/// the connection is removed. GUI thread.
+/// Writes bookmarks to their table. After each commit every row of the list that was written last has its
+/// place in the list as its order, the later one where the list holds a row twice; an order that is known to
+/// be stored already is not written again. Has to go before the connection is removed. GUI thread.
 class BookmarkWriter {
 public:
     BookmarkWriter();

@@ -23,10 +23,10 @@ class QSqlDatabase;
 class QSqlQuery;
 
 /// The user's bookmarks: a tree of folders and newsgroups in one table of an SQLite database, shown as a
-/// model of one column. Every change is written at once, in a transaction of its own; what is shown is what
-/// the file holds. The children of a folder are read when anything first asks about the folder. Bad input is
-/// refused silently, errors of the database are told through DBUtils. An index points to its BookmarkItem.
-/// GUI thread.
+/// model of one column. Every change is written at once, each item in a transaction of its own; what is shown
+/// is what the file holds, unless writing failed. The children of a folder are read when anything first asks
+/// about the folder. Bad input is refused silently, errors of the database are told through DBUtils. An index
+/// points to its BookmarkItem. GUI thread.
 ///
 /// The sources are by job: the model, the changes that users make, the database, drag and drop, the import of
 /// the account's bookmarks, and the options.

@@ -60,8 +60,10 @@ bool CVBookmarkManager::canDropMimeData(const QMimeData *data, Qt::DropAction ac
                                         const QModelIndex &parent) const
 {
     Q_UNUSED(row)
+    if (column > 0)
+        return false;
     const BookmarkItem *folder = itemFromIndex(parent);
-    if (column > 0 || !folder || !folder->isFolder())
+    if (!folder || !folder->isFolder())
         return false;
     if (data->hasFormat(newsgroupMimeType())) {
         const QStringList names = bookmarkpayload::readNewsgroups(data->data(newsgroupMimeType()));
@@ -87,8 +89,10 @@ bool CVBookmarkManager::dropMimeData(const QMimeData *data, Qt::DropAction actio
 {
     if (action == Qt::IgnoreAction)
         return true;
+    if (column > 0)
+        return false;
     const BookmarkItem *folder = itemFromIndex(parent);
-    if (column > 0 || (folder && !folder->isFolder()))
+    if (folder && !folder->isFolder())
         return false;
     if (row == -1)
         row = rowCount(parent);

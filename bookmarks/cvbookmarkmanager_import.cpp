@@ -47,7 +47,7 @@ QStringList CVBookmarkManager::importFolder(const QSqlDatabase &database, const 
         auto *bookmark = new BookmarkItem(BookmarkKind::Bookmark, folder);
         bookmark->setName(child->name());
         bookmark->setChildrenLoaded(true);
-        folder->appendChild(bookmark);
+        folder->insertChild(folder->children().size(), bookmark); // to append would search the list
         writeItem(database, bookmark);
         newsgroups.append(child->name());
     }

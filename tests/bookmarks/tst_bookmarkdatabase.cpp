@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkstore.h"
+#include "statementlog.h"
 
 #include "bookmarks/bookmarkitem.h"
 #include "bookmarks/cvbookmarkprovider.h"
@@ -30,32 +31,6 @@ QStringList rows(const char *text)
 
 const QString top = QStringLiteral("NULL");
 
-/// Every statement that runs on the model's connection from now on.
-class StatementLog {
-public:
-    StatementLog() { sqlite3_trace_v2(BookmarkStore::handle(), SQLITE_TRACE_STMT, add, &m_statements); }
-    ~StatementLog() { sqlite3_trace_v2(BookmarkStore::handle(), 0, nullptr, nullptr); }
-    Q_DISABLE_COPY(StatementLog)
-
-    /// With the values that are bound; those since the last call.
-    QStringList take()
-    {
-        QStringList taken;
-        taken.swap(m_statements);
-        return taken;
-    }
-
-private:
-    static int add(unsigned, void *list, void *statement, void *)
-    {
-        char *text = sqlite3_expanded_sql(static_cast<sqlite3_stmt *>(statement));
-        static_cast<QStringList *>(list)->append(QString::fromUtf8(text));
-        sqlite3_free(text);
-        return 0;
-    }
-    QStringList m_statements;
-};
-
 } // namespace
 
 class TestBookmarkDatabase : public QObject {
@@ -81,6 +56,8 @@ private Q_SLOTS:
     void theParentOfARowIsRemembered();
     void theProviderGetsAnEmptyNameForEachFolder();
     void everyLoadTellsThatBookmarksChanged();
+    void loadingReadsInOneTransactionAndTellsBeforeTheReset();
+    void addingAndRemovingTellBetweenTheModelsSignals();
     void childrenAreReadWhenTheyAreFirstAskedFor();
     void aBookmarkIsAskedForChildrenOnce();
     void childrenOfFoldersThatWereNeverOpenedStayInTheTable();
@@ -93,6 +70,11 @@ private Q_SLOTS:
 };
 
 namespace {
+bool isInTransaction()
+{
+    return sqlite3_get_autocommit(BookmarkStore::handle()) == 0;
+}
+
 QStringList warnings;
 void collect(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
@@ -363,6 +345,52 @@ void TestBookmarkDatabase::everyLoadTellsThatBookmarksChanged()
     store.model().load();
     QCOMPARE(changed.count(), 2);
     QCOMPARE(reset.count(), 2);
+}
+
+void TestBookmarkDatabase::loadingReadsInOneTransactionAndTellsBeforeTheReset()
+{
+    BookmarkStore store;
+    QStringList events;
+    connect(store.model().provider(), &BookmarkProvider::bookmarksChanged, this, [&] {
+        events.append(isInTransaction() ? QStringLiteral("told within") : QStringLiteral("told"));
+    });
+    connect(&store.model(), &QAbstractItemModel::modelAboutToBeReset, this, [&] {
+        events.append(isInTransaction() ? QStringLiteral("reset within") : QStringLiteral("reset"));
+    });
+    StatementLog log;
+    store.model().load();
+    QCOMPARE(events, (QStringList{QStringLiteral("told within"), QStringLiteral("reset")}));
+    QCOMPARE(log.take(),
+             (QStringList{QStringLiteral("BEGIN TRANSACTION"),
+                          QStringLiteral("SELECT bookmark_id, parent_id, bookmark_name, bookmark_newsgroup, "
+                                         "bookmark_color, bookmark_expanded, bookmark_order FROM bookmarks "
+                                         "WHERE parent_id IS NULL ORDER BY bookmark_order ASC"),
+                          QStringLiteral("SELECT bookmark_newsgroup FROM bookmarks"),
+                          QStringLiteral("COMMIT TRANSACTION")}));
+}
+
+void TestBookmarkDatabase::addingAndRemovingTellBetweenTheModelsSignals()
+{
+    BookmarkStore store;
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    QStringList events;
+    const auto note = [&events](const char *what) {
+        return [&events, what] {
+            events.append(QLatin1String(what) + (isInTransaction() ? QStringLiteral(" within") : QString()));
+        };
+    };
+    connect(&store.model(), &QAbstractItemModel::rowsAboutToBeInserted, this, note("inserting"));
+    connect(&store.model(), &QAbstractItemModel::rowsInserted, this, note("inserted"));
+    connect(&store.model(), &QAbstractItemModel::rowsAboutToBeRemoved, this, note("removing"));
+    connect(&store.model(), &QAbstractItemModel::rowsRemoved, this, note("removed"));
+    connect(store.model().provider(), &BookmarkProvider::bookmarkAdded, this, note("added"));
+    connect(store.model().provider(), &BookmarkProvider::bookmarkRemoved, this, note("forgotten"));
+    store.model().addBookmarks(words("a b"), folder);
+    QCOMPARE(events, words("inserting added added inserted"));
+    events.clear();
+    store.model().removeBookmark(store.at({0, 0}));
+    QCOMPARE(events, (QStringList{QStringLiteral("removing"), QStringLiteral("forgotten within"),
+                                  QStringLiteral("removed")}));
 }
 
 void TestBookmarkDatabase::childrenAreReadWhenTheyAreFirstAskedFor()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkstore.h"
+#include "statementlog.h"
 
 #include "bookmarks/bookmarkitem.h"
 #include "bookmarks/cvbookmarkprovider.h"
@@ -84,6 +85,11 @@ private Q_SLOTS:
     void aDropTakesOnlyTheIdFromTheRecord();
     void eachMovedItemIsWrittenWithTargetAndTop();
     void theParentThatADragTellsIsTheOneLastRead();
+    void aDropIsThreeTransactionsForEachItem();
+    void aFolderDroppedIntoItselfIsNotRefusedAndHarmsNothing_data();
+    void aFolderDroppedIntoItselfIsNotRefusedAndHarmsNothing();
+    void insertingIntoAFolderThatWasNeverOpenedDoublesNothing_data();
+    void insertingIntoAFolderThatWasNeverOpenedDoublesNothing();
 };
 
 void TestBookmarkDragDrop::theFormatsAndActionsAreTheAgreedOnes()
@@ -489,6 +495,96 @@ void TestBookmarkDragDrop::theParentThatADragTellsIsTheOneLastRead()
     QVERIFY(!store.model().canDropMimeData(again.get(), Qt::MoveAction, -1, -1, store.at({1})));
     store.model().load();
     QCOMPARE(store.model().itemFromIndex(store.at({1, 0}))->parentId(), 2);
+}
+
+void TestBookmarkDragDrop::aDropIsThreeTransactionsForEachItem()
+{
+    BookmarkStore store;
+    const QModelIndex target = store.addFolder(QStringLiteral("target"));
+    const QModelIndex moved = store.addFolder(QStringLiteral("moved"));
+    const std::unique_ptr<QMimeData> data(store.model().mimeData({moved}));
+    store.names(target);
+    const StatementLog log;
+    store.model().dropMimeData(data.get(), Qt::MoveAction, -1, -1, target);
+    const QString begin = QStringLiteral("BEGIN TRANSACTION");
+    const QString commit = QStringLiteral("COMMIT TRANSACTION");
+    QCOMPARE(
+        log.statements(),
+        (QStringList{QStringLiteral(
+                         "SELECT bookmark_id, parent_id, bookmark_name, bookmark_newsgroup, bookmark_color, "
+                         "bookmark_expanded, bookmark_order FROM bookmarks WHERE bookmark_id=2"),
+                     begin,
+                     QStringLiteral("UPDATE bookmarks SET parent_id=1, bookmark_name='moved', "
+                                    "bookmark_newsgroup=NULL, bookmark_color=NULL, bookmark_expanded=0 WHERE "
+                                    "bookmark_id=2"),
+                     QStringLiteral("UPDATE bookmarks SET bookmark_order=0 WHERE bookmark_id=2"), commit,
+                     begin, commit, begin,
+                     QStringLiteral("UPDATE bookmarks SET bookmark_order=1 WHERE bookmark_id=2"), commit}));
+}
+
+void TestBookmarkDragDrop::aFolderDroppedIntoItselfIsNotRefusedAndHarmsNothing_data()
+{
+    QTest::addColumn<QVector<int>>("target");
+    QTest::newRow("itself") << QVector<int>{1};
+    QTest::newRow("a folder in it") << QVector<int>{1, 0};
+    QTest::newRow("a folder in that") << QVector<int>{1, 0, 0};
+}
+
+// It is for the view not to let that happen: what was dropped so is out of reach with the next start.
+void TestBookmarkDragDrop::aFolderDroppedIntoItselfIsNotRefusedAndHarmsNothing()
+{
+    QFETCH(QVector<int>, target);
+    BookmarkStore store;
+    store.addFolder(QStringLiteral("stays"));
+    const QModelIndex moved = store.addFolder(QStringLiteral("moved"));
+    store.addFolder(QStringLiteral("deeper"), store.addFolder(QStringLiteral("inner"), moved));
+    const std::unique_ptr<QMimeData> data(store.model().mimeData({moved}));
+    QVERIFY(store.model().dropMimeData(data.get(), Qt::MoveAction, -1, -1, store.at(target)));
+    QVERIFY(store.model().removeRows(1, 1));
+    store.addFolder(QStringLiteral("later"));
+    QCOMPARE(store.names(), words("stays later"));
+    store.model().load();
+    QCOMPARE(store.names(), words("stays later"));
+    QCOMPARE(store.rows().size(), 5);
+}
+
+void TestBookmarkDragDrop::insertingIntoAFolderThatWasNeverOpenedDoublesNothing_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::newRow("a new folder") << 0;
+    QTest::newRow("bookmarks") << 1;
+    QTest::newRow("dropped newsgroups") << 2;
+    QTest::newRow("dropped records") << 3;
+}
+
+void TestBookmarkDragDrop::insertingIntoAFolderThatWasNeverOpenedDoublesNothing()
+{
+    QFETCH(int, way);
+    BookmarkStore store;
+    store.model().addBookmarks(words("a b"), store.addFolder(QStringLiteral("f")));
+    store.addFolder(QStringLiteral("x"));
+    store.model().load();
+    const QModelIndex folder = store.model().index(0, 0);
+    switch (way) {
+    case 0:
+        store.model().addFolder(folder);
+        store.model().setData(store.model().index(0, 0, folder), QStringLiteral("x"));
+        break;
+    case 1:
+        store.model().addBookmarks(words("x"), folder);
+        break;
+    case 2:
+        store.model().dropMimeData(newsgroups(words("x")).get(), Qt::CopyAction, 0, 0, folder);
+        break;
+    default:
+        store.model().dropMimeData(record(0, 4, -1, QString()).get(), Qt::MoveAction, 0, 0, folder);
+        store.model().removeRows(1, 1);
+    }
+    QCOMPARE(store.names(folder), words("x a b"));
+    store.model().renumberChildren(store.model().itemFromIndex(folder));
+    QCOMPARE(store.orders(QStringLiteral("1")), rows("x 0, a 1, b 2"));
+    store.model().load();
+    QCOMPARE(store.names(store.at({0})), words("x a b"));
 }
 
 QTEST_MAIN(TestBookmarkDragDrop)

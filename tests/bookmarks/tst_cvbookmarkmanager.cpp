@@ -35,7 +35,9 @@ private Q_SLOTS:
     void aFolderShowsTheIconOfItsColour_data();
     void aFolderShowsTheIconOfItsColour();
     void foldersAndBookmarksAllowDifferentThings();
+    void otherColumnsShowNothing();
     void renamingStoresAndTells();
+    void aBookmarkMayBeRenamedByTheModel();
     void renamingIsRefused_data();
     void renamingIsRefused();
     void aNewFolderIsFirstInAFolderAndLastAtTheTop();
@@ -227,6 +229,32 @@ void TestCVBookmarkManager::renamingStoresAndTells()
     QCOMPARE(changed.first().at(1).toModelIndex(), folder);
     QVERIFY(changed.first().at(2).value<QVector<int>>().isEmpty());
     QCOMPARE(store.rows().first().at(2), QStringLiteral("Misc"));
+}
+
+void TestCVBookmarkManager::aBookmarkMayBeRenamedByTheModel()
+{
+    BookmarkStore store;
+    store.check();
+    store.model().addBookmarks({group}, store.addFolder(QStringLiteral("f")));
+    QVERIFY(store.model().setData(store.at({0, 0}), QStringLiteral("alt.test")));
+    QCOMPARE(store.rows().at(1).at(3), QStringLiteral("alt.test"));
+    QVERIFY(store.model().provider()->isBookmarked(group)); // until the next load
+}
+
+// No view asks for them, as there is one column.
+void TestCVBookmarkManager::otherColumnsShowNothing()
+{
+    BookmarkStore store;
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    for (const int column : {1, 2, 3}) {
+        const QModelIndex beside = store.model().createIndex(0, column, folder.internalPointer());
+        QVERIFY(!beside.data(Qt::DisplayRole).isValid());
+        QVERIFY(!beside.data(Qt::DecorationRole).isValid());
+        QCOMPARE(beside.data(Qt::EditRole).toString(), QStringLiteral("f"));
+        QCOMPARE(beside.data(Qt::ToolTipRole).toString(), QStringLiteral("f"));
+        QCOMPARE(beside.data(Qt::TextAlignmentRole), column < 3 ? QVariant(130) : QVariant());
+        QCOMPARE(store.model().flags(beside), Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+    }
 }
 
 void TestCVBookmarkManager::renamingIsRefused_data()
@@ -454,6 +482,7 @@ void TestCVBookmarkManager::expandedFoldersOrElseTheFirstTwo()
     store.model().addBookmarks({group}, QModelIndex());
     store.addFolder(QStringLiteral("b"));
     store.addFolder(QStringLiteral("c"));
+    store.check();
     for (const int row : expanded)
         store.model().setFolderExpanded(store.at({row}), true);
     QVector<int> shown;

@@ -79,6 +79,7 @@ void TestCVBookmarkProvider::namesAreComparedExactly()
 void TestCVBookmarkProvider::addingAppendsAndTells()
 {
     BookmarkStore store;
+    store.check();
     CVBookmarkProvider *provider = store.model().provider();
     QSignalSpy added(provider, &BookmarkProvider::bookmarkAdded);
     QStringList seen; // the list holds the name when the signal comes
@@ -95,6 +96,7 @@ void TestCVBookmarkProvider::addingAppendsAndTells()
 void TestCVBookmarkProvider::removingTakesOneEntryAndTells()
 {
     BookmarkStore store;
+    store.check();
     CVBookmarkProvider *provider = store.model().provider();
     for (const char *name : {"b", "a", "b", "c"})
         provider->noteBookmarkAdded(QString::fromLatin1(name));
@@ -112,6 +114,7 @@ void TestCVBookmarkProvider::removingTakesOneEntryAndTells()
 void TestCVBookmarkProvider::removingAnUnknownNameIsSilent()
 {
     BookmarkStore store;
+    store.check();
     CVBookmarkProvider *provider = store.model().provider();
     QSignalSpy removed(provider, &BookmarkProvider::bookmarkRemoved);
     provider->noteBookmarkRemoved(group);
@@ -124,6 +127,7 @@ void TestCVBookmarkProvider::removingAnUnknownNameIsSilent()
 void TestCVBookmarkProvider::replacingAlwaysTells()
 {
     BookmarkStore store;
+    store.check();
     CVBookmarkProvider *provider = store.model().provider();
     provider->noteBookmarkAdded(QStringLiteral("old"));
     QSignalSpy changed(provider, &BookmarkProvider::bookmarksChanged);
@@ -144,6 +148,7 @@ void TestCVBookmarkProvider::replacingAlwaysTells()
 void TestCVBookmarkProvider::theListIsACopy()
 {
     BookmarkStore store;
+    store.check();
     CVBookmarkProvider *provider = store.model().provider();
     provider->noteBookmarkAdded(group);
     QStringList copy = provider->bookmarkedNewsgroups();

@@ -287,8 +287,9 @@ void TestRefusedWrites::whatCouldNotBeStoredTakesNoOthersPlace()
              (QStringList{QStringLiteral("First"), QStringLiteral("Second"), QStringLiteral("Kept")}));
 }
 
-// An item keeps the id of a row that was taken back when it was committed, so its later writes find no row.
-// It is gone with the next start; the status bar has said that bookmarks are not being saved.
+// An item keeps the id of a row that was taken back when it was committed: its later writes find no row, or
+// that of the next item, which is given the same id. It is gone with the next start; the status bar has said
+// that bookmarks are not being saved.
 void TestRefusedWrites::aRowThatItsCommitTookBackIsNotInsertedAgain()
 {
     BookmarkStore store(false);

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void twoSourcesAreOneLine();
     void theFirstDatabaseWithAProblemIsTold();
     void looksLeaveNothingBehind();
+    void aFileThatIsGoneOrAnotherOneIsTold();
     void aLookKeepsTheLocksOfTheDatabase();
 
 private:
@@ -191,11 +192,29 @@ void StorageWatchTest::theFirstDatabaseWithAProblemIsTold()
 void StorageWatchTest::looksLeaveNothingBehind()
 {
     fail();
-    QVERIFY(QFile::remove(m_path));
     m_storage->checkNow();
     QTRY_COMPARE(m_storage->writeProblem(), QString());
     QCOMPARE(QDir(m_profile->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-             QStringList());
+             QStringList{QFileInfo(m_path).fileName()});
+}
+
+// SQLite goes on without a word then.
+void StorageWatchTest::aFileThatIsGoneOrAnotherOneIsTold()
+{
+    fail();
+    m_storage->checkNow();
+    QTRY_COMPARE(m_storage->writeProblem(), QString());
+    const QString aside = m_path + QStringLiteral(".aside");
+    QVERIFY(QFile::rename(m_path, aside));
+    m_storage->checkNow();
+    QTRY_VERIFY(m_storage->writeProblem().contains(QStringLiteral("removed or replaced")));
+    QVERIFY(QFile::copy(aside, m_path));
+    fail();
+    m_storage->checkNow();
+    QTRY_VERIFY(m_storage->writeProblem().contains(QStringLiteral("removed or replaced")));
+    QVERIFY(QFile::remove(m_path) && QFile::rename(aside, m_path));
+    m_storage->checkNow();
+    QTRY_COMPARE(m_storage->writeProblem(), QString());
 }
 
 namespace {

@@ -97,7 +97,7 @@ void StorageWatch::run()
 StorageWatch::Finding StorageWatch::look(const std::vector<std::string> &files, quint64 failures)
 {
     for (const std::string &file : files) {
-        const WriteCheck::Problem problem = WriteCheck::look(file);
+        const WriteCheck::Problem problem = WriteCheck::look(file, m_seen[file]);
         if (problem != WriteCheck::Problem::None)
             return {problem, file, failures};
     }

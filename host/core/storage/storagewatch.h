@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -55,9 +56,10 @@ protected:
     void run() override;
 
 private:
-    static Finding look(const std::vector<std::string> &files, quint64 failures);
+    Finding look(const std::vector<std::string> &files, quint64 failures);
 
-    std::mutex m_mutex; ///< guards everything below
+    std::map<std::string, WriteCheck::Identity> m_seen; ///< the thread's own
+    std::mutex m_mutex;                                 ///< guards everything below
     std::condition_variable m_wake;
     std::vector<std::string> m_files;
     std::chrono::milliseconds m_interval = std::chrono::minutes(1);

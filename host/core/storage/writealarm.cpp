@@ -42,6 +42,9 @@ QString WriteAlarm::sentence() const
         return start.arg(tr("the file %1 can not be written").arg(m_file));
     case Problem::NotAFile:
         return start.arg(tr("%1 is not a file").arg(m_file));
+    case Problem::FileGone:
+        return start.arg(
+            tr("the file %1 was removed or replaced; please start the program again").arg(m_file));
     case Problem::DiskFull:
         return start.arg(tr("the disk is full"));
     case Problem::None:

@@ -40,13 +40,16 @@ Problem lookAtDisk(const std::string &folder)
     return full || (countsFiles && disk.f_favail == 0) ? Problem::DiskFull : Problem::None;
 }
 
-Problem lookAtFile(const std::string &file)
+Problem lookAtFile(const std::string &file, WriteCheck::Identity &seen)
 {
     struct stat status = {};
     if (::stat(file.c_str(), &status) != 0)
-        return Problem::None;
+        return seen.known ? Problem::FileGone : Problem::None;
     if (!S_ISREG(status.st_mode))
         return Problem::NotAFile;
+    if (seen.known && (seen.device != status.st_dev || seen.number != status.st_ino))
+        return Problem::FileGone;
+    seen = {true, status.st_dev, status.st_ino};
     return mayWrite(file, W_OK) ? Problem::None : Problem::FileReadOnly;
 }
 
@@ -76,12 +79,12 @@ Problem tryToWrite(const std::string &folder)
 
 } // namespace
 
-WriteCheck::Problem WriteCheck::look(const std::string &file)
+WriteCheck::Problem WriteCheck::look(const std::string &file, Identity &seen)
 {
     const std::string folder = file.substr(0, file.find_last_of('/'));
     Problem problem = lookAtFolder(folder);
     if (problem == Problem::None)
-        problem = lookAtFile(file);
+        problem = lookAtFile(file, seen);
     if (problem == Problem::None)
         problem = lookAtDisk(folder);
     return problem == Problem::None ? tryToWrite(folder) : problem;
