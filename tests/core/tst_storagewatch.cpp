@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -69,6 +70,29 @@ void StorageWatchTest::fail()
     DBUtils::checkForErrors(query);
 }
 
+namespace {
+
+// In one step, because the thread may look at any moment and would tell of a file that is gone.
+bool exchange(const QString &one, const QString &other)
+{
+    return ::renameat2(AT_FDCWD, QFile::encodeName(one).constData(), AT_FDCWD,
+                       QFile::encodeName(other).constData(), RENAME_EXCHANGE) == 0;
+}
+
+bool putFolderInPlace(const QString &file)
+{
+    const QString away = file + QStringLiteral(".away");
+    return QDir().mkdir(away) && exchange(file, away);
+}
+
+bool takeFolderAway(const QString &file)
+{
+    const QString away = file + QStringLiteral(".away");
+    return exchange(file, away) && QDir().rmdir(away);
+}
+
+} // namespace
+
 void StorageWatchTest::whatCanNotBeWrittenIsToldUntilItCan_data()
 {
     QTest::addColumn<QString>("what");
@@ -94,7 +118,7 @@ void StorageWatchTest::whatCanNotBeWrittenIsToldUntilItCan()
     if (what == QLatin1String("no folder"))
         QVERIFY(QDir().rename(folder, away));
     if (what == QLatin1String("no file"))
-        QVERIFY(QFile::remove(m_path) && QDir().mkdir(m_path));
+        QVERIFY(putFolderInPlace(m_path));
 
     QSignalSpy spy(m_storage.get(), &StorageManager::writeProblemChanged);
     m_storage->checkNow();
@@ -107,7 +131,7 @@ void StorageWatchTest::whatCanNotBeWrittenIsToldUntilItCan()
     if (what == QLatin1String("no folder"))
         QVERIFY(QDir().rename(away, folder));
     if (what == QLatin1String("no file"))
-        QVERIFY(QDir().rmdir(m_path));
+        QVERIFY(takeFolderAway(m_path));
     m_storage->checkNow();
     QTRY_COMPARE(m_storage->writeProblem(), QString());
     QCOMPARE(spy.size(), 2);
@@ -170,11 +194,11 @@ void StorageWatchTest::aFailureBeforeAnyDatabaseIsTold()
 void StorageWatchTest::twoSourcesAreOneLine()
 {
     fail();
-    QVERIFY(QFile::remove(m_path) && QDir().mkdir(m_path));
+    QVERIFY(putFolderInPlace(m_path));
     m_storage->checkNow();
     const QString told = sentence(m_path + QStringLiteral(" is not a file"));
     QTRY_COMPARE(m_storage->writeProblem(), told);
-    QVERIFY(QDir().rmdir(m_path));
+    QVERIFY(takeFolderAway(m_path));
     fail();
     QCOMPARE(m_storage->writeProblem(), told);
     m_storage->checkNow();
