@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkstore.h"
+#include "figures.h"
 #include "rawbookmarks.h"
 
 #include "bookmarks/bookmarkitem.h"
@@ -9,31 +10,15 @@
 #include "connector/cvconnectorplugin.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QMimeData>
 
 #include <algorithm>
 #include <cstdio>
-#include <functional>
 
 // What is asked for every row of a long list, or on every move of the pointer, beside the plain search.
 namespace {
 
 int answers = 0; // keeps what is measured from being left out
-
-double milliseconds(const std::function<void()> &work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
-double median(QVector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
 
 void ask(int bookmarks)
 {

@@ -1,36 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkstore.h"
+#include "figures.h"
 #include "rawbookmarks.h"
 
 #include "bookmarks/bookmarkitem.h"
 #include "connector/cvconnectorplugin.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 
 #include <algorithm>
 #include <cstdio>
-#include <functional>
 #include <malloc.h>
 
 // What the store does, beside SQLite's own library doing the same work on a copy of the file, in turns; each
 // figure is the median of its rounds.
 namespace {
-
-double milliseconds(const std::function<void()> &work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
-double median(QVector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
 
 struct Sides {
     QVector<double> ours, raw, literal;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "figures.h"
 #include "heartbeat.h"
 #include "runningprogram.h"
 
@@ -9,6 +10,7 @@
 #include <halvora/hcontextholder.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QDialog>
 #include <QLabel>
 
@@ -26,12 +28,6 @@ struct Figures {
     QVector<double> whole;     ///< to the filled panel
     QVector<double> paint;     ///< until it is painted
 };
-
-double median(QVector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
 
 double milliseconds(const QElapsedTimer &timer)
 {

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "figures.h"
+
 #include <halvora/benchmark.h>
 #include <halvora/core.h>
 #include <halvora/coreplugininterface.h>
@@ -47,12 +49,6 @@ void measureOnce(const QString &profile)
         std::printf("%lld;%s\n", stage.nanoseconds / 1000, qPrintable(stage.name));
     std::fflush(stdout);
     std::_Exit(0); // the end is not measured
-}
-
-double median(QVector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
 }
 
 } // namespace
