@@ -117,8 +117,8 @@ void StorageWatchTest::whatCanNotBeWrittenIsToldUntilItCan()
         QSKIP(qPrintable(protection->problem()));
     if (what == QLatin1String("no folder"))
         QVERIFY(QDir().rename(folder, away));
-    if (what == QLatin1String("no file"))
-        QVERIFY(putFolderInPlace(m_path));
+    if (what == QLatin1String("no file") && !putFolderInPlace(m_path))
+        QSKIP("The file system can not exchange two names.");
 
     QSignalSpy spy(m_storage.get(), &StorageManager::writeProblemChanged);
     m_storage->checkNow();
@@ -194,7 +194,8 @@ void StorageWatchTest::aFailureBeforeAnyDatabaseIsTold()
 void StorageWatchTest::twoSourcesAreOneLine()
 {
     fail();
-    QVERIFY(putFolderInPlace(m_path));
+    if (!putFolderInPlace(m_path))
+        QSKIP("The file system can not exchange two names.");
     m_storage->checkNow();
     const QString told = sentence(m_path + QStringLiteral(" is not a file"));
     QTRY_COMPARE(m_storage->writeProblem(), told);
