@@ -367,6 +367,7 @@ void TestSettingsDialog::aPartWithoutOptionsIsNoPrivateData()
 
 void TestSettingsDialog::everythingIsReachedFromTheKeyboard()
 {
+    constexpr int patience = 60'000; // a button that is pressed by its key is painted first
     Settings settings;
     settings.open();
     settings.activate();
@@ -374,18 +375,18 @@ void TestSettingsDialog::everythingIsReachedFromTheKeyboard()
     QTest::keyClick(settings.dialog, Qt::Key_P, Qt::AltModifier);
     QCOMPARE(pages->currentIndex(), 1);
     QTest::keyClick(settings.dialog, Qt::Key_E, Qt::AltModifier);
-    QTRY_VERIFY(settings.find<QDialog>("ClearDataDialog"));
+    QTRY_VERIFY_WITH_TIMEOUT(settings.find<QDialog>("ClearDataDialog"), patience);
     auto *clearing = settings.find<QDialog>("ClearDataDialog");
     QVERIFY(QTest::qWaitForWindowActive(clearing));
     QTest::keyClick(clearing, Qt::Key_L, Qt::AltModifier);
-    QTRY_VERIFY(!settings.find<QDialog>("ClearDataDialog"));
+    QTRY_VERIFY_WITH_TIMEOUT(!settings.find<QDialog>("ClearDataDialog"), patience);
     QCOMPARE(settings.search.cleared.size(), 1);
     settings.activate();
     QTest::keyClick(settings.dialog, Qt::Key_R, Qt::AltModifier);
-    QTRY_VERIFY(settings.find<QMessageBox>("ResetQuestion"));
+    QTRY_VERIFY_WITH_TIMEOUT(settings.find<QMessageBox>("ResetQuestion"), patience);
     QVERIFY(QTest::qWaitForWindowActive(settings.find<QMessageBox>("ResetQuestion")));
     QTest::keyClick(settings.find<QMessageBox>("ResetQuestion"), Qt::Key_R, Qt::AltModifier);
-    QTRY_VERIFY(!settings.find<QMessageBox>("ResetQuestion"));
+    QTRY_VERIFY_WITH_TIMEOUT(!settings.find<QMessageBox>("ResetQuestion"), patience);
     QCOMPARE(settings.part.resets, 1);
     settings.activate();
     QTest::keyClick(settings.dialog, Qt::Key_G, Qt::AltModifier);

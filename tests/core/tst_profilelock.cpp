@@ -17,6 +17,7 @@ class ProfileLockTest : public QObject {
 private Q_SLOTS:
     void aFolderIsKeptForOne();
     void aProgramThatDiedKeepsNothing();
+    void aLockThatNamesNobodyIsTakenOver();
     void anotherComputerIsNamed();
     void aFolderThatCanNotBeWrittenIsNoRefusal();
 
@@ -61,6 +62,19 @@ void ProfileLockTest::aProgramThatDiedKeepsNothing()
     BookmarkFile::setBytes(m_folder.filePath(QStringLiteral("halvora.lock")),
                            owner(processThatDied(), QSysInfo::machineHostName()));
     QCOMPARE(ProfileLock(m_folder.path()).refusal(), QString());
+}
+
+// What is left by a program that was killed, or lost its power, while it made the file.
+void ProfileLockTest::aLockThatNamesNobodyIsTakenOver()
+{
+    const QString folder = m_folder.filePath(QStringLiteral("empty"));
+    QVERIFY(QDir().mkpath(folder));
+    QFile file(folder + QStringLiteral("/halvora.lock"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    const ProfileLock lock(folder);
+    QCOMPARE(lock.refusal(), QString());
+    QVERIFY(!ProfileLock(folder).refusal().isEmpty());
 }
 
 void ProfileLockTest::anotherComputerIsNamed()

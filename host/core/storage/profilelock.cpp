@@ -19,8 +19,26 @@ ProfileLock::ProfileLock(const QString &folder)
 {
     // However long the other one has been running, it has the folder.
     m_lock.setStaleLockTime(0);
-    if (!m_lock.tryLock(0) && m_lock.error() == QLockFile::LockFailedError)
+    if (!m_lock.tryLock(0) && m_lock.error() == QLockFile::LockFailedError && !takeOverEmptyLock())
         m_refusal = describe(m_lock, folder, lockFile(folder));
+}
+
+// A program that was killed, or lost its power, while it made the file left one that names nobody. One that
+// is just starting has named itself a moment later.
+bool ProfileLock::takeOverEmptyLock()
+{
+    constexpr int moment = 1000; // milliseconds
+    const auto namesSomebody = [this] {
+        qint64 process = 0;
+        QString computer;
+        QString program;
+        return m_lock.getLockInfo(&process, &computer, &program);
+    };
+    if (namesSomebody())
+        return false;
+    if (m_lock.tryLock(moment))
+        return true;
+    return !namesSomebody() && m_lock.removeStaleLockFile() && m_lock.tryLock(0);
 }
 
 QString ProfileLock::describe(const QLockFile &lock, const QString &folder, const QString &file)

@@ -21,6 +21,7 @@ public:
     QString refusal() const { return m_refusal; }
 
 private:
+    bool takeOverEmptyLock();
     static QString describe(const QLockFile &lock, const QString &folder, const QString &file);
 
     QLockFile m_lock;
