@@ -49,6 +49,7 @@ private Q_SLOTS:
     void noBookmarksAreNotAnnounced();
     void aNewsgroupMayBeBookmarkedTwice();
     void removingAFolderRemovesWhatIsInIt();
+    void aRemovedFolderIsNoNewsgroup();
     void removingNothingDoesNothing();
     void aRefusedColourStillSavesAndTells();
     void bookmarksAreColouredLikeFolders();
@@ -404,6 +405,17 @@ void TestCVBookmarkManager::removingAFolderRemovesWhatIsInIt()
     QCOMPARE(store.names(), words("stays"));
     QCOMPARE(store.rows().size(), 1);
     QVERIFY(!store.model().provider()->isBookmarked(QStringLiteral("deep")));
+}
+
+void TestCVBookmarkManager::aRemovedFolderIsNoNewsgroup()
+{
+    BookmarkStore store;
+    store.check();
+    store.model().addBookmarks({group}, store.addFolder(QStringLiteral("f")));
+    QSignalSpy removed(store.model().provider(), &BookmarkProvider::bookmarkRemoved);
+    store.model().removeBookmark(store.addFolder(group));
+    QCOMPARE(removed.count(), 0);
+    QVERIFY(store.model().provider()->isBookmarked(group));
 }
 
 void TestCVBookmarkManager::removingNothingDoesNothing()
