@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "bookmarks/cvbookmarkmanager.h"
+
 #include "bookmarks/bookmarkitem.h"
 #include "bookmarks/bookmarkwriter.h"
-#include "bookmarks/cvbookmarkmanager.h"
 #include "bookmarks/cvbookmarkprovider.h"
 #include "plugin/constants.h"
 
-#include <halvora/connector.h>
 #include <halvora/core.h>
 #include <halvora/dbutils.h>
 #include <halvora/storagemanager.h>

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "bookmarks/cvbookmarkmanager.h"
+
 #include "bookmarks/bookmarkitem.h"
 #include "bookmarks/bookmarkpayload.h"
-#include "bookmarks/cvbookmarkmanager.h"
 #include "plugin/constants.h"
 
 #include <QMimeData>
