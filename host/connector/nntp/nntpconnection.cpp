@@ -18,9 +18,8 @@
 
 namespace {
 
-constexpr int LongestLine = 4096;
-// Never more than one line is expected, so a flood beyond this is a failure before it is a loss.
-constexpr qint64 ReadBuffer = qint64(16) * LongestLine;
+// A flood beyond so many lines of the longest kind waits at the server's end.
+constexpr qint64 BufferedLines = 16;
 
 QSslConfiguration tlsConfiguration()
 {
@@ -46,9 +45,10 @@ void addAuthorities(QSslSocket &socket, const QString &fileName)
 
 } // namespace
 
-NntpConnection::NntpConnection(Core &core)
+NntpConnection::NntpConnection(Core &core, int longestLine)
     : m_core(core)
-    , m_lines(LongestLine)
+    , m_longestLine(longestLine)
+    , m_lines(longestLine)
 {
 }
 
@@ -67,7 +67,7 @@ bool NntpConnection::open(const QString &host, quint16 port, bool ssl, const Wai
         close();
         return false;
     }
-    m_socket->setReadBufferSize(ReadBuffer);
+    m_socket->setReadBufferSize(BufferedLines * m_longestLine);
     if (ssl && !startTls(host, budget))
         close();
     return isOpen();
@@ -100,16 +100,27 @@ void NntpConnection::close()
 
 std::optional<QByteArray> NntpConnection::readLine(const WaitBudget &budget)
 {
-    while (m_socket && !budget.isOver()) {
-        fetch();
+    while (!budget.isOver()) {
         if (auto line = m_lines.takeLine())
             return line;
-        if (m_lines.isTooLong() || !isOpen())
+        if (!receive(budget))
+            break;
+    }
+    close();
+    return std::nullopt;
+}
+
+bool NntpConnection::receive(const WaitBudget &budget)
+{
+    while (m_socket && !m_lines.isTooLong() && !budget.isOver()) {
+        if (fetch())
+            return true;
+        if (!isOpen())
             break;
         m_socket->waitForReadyRead(static_cast<int>(budget.slice().count()));
     }
     close();
-    return std::nullopt;
+    return false;
 }
 
 bool NntpConnection::hasUnread()
@@ -129,11 +140,16 @@ bool NntpConnection::send(const QByteArray &line)
     return true;
 }
 
-void NntpConnection::fetch()
+/// False when nothing has arrived.
+bool NntpConnection::fetch()
 {
     if (!m_socket)
-        return;
+        return false;
     const QByteArray bytes = m_socket->readAll();
+    if (bytes.isEmpty())
+        return false;
     m_core.traffic().addNntpDown(bytes.size());
+    m_received += bytes.size();
     m_lines.append(bytes);
+    return true;
 }
