@@ -9,13 +9,27 @@ LineReader::LineReader(int limit)
 {
 }
 
+void LineReader::append(const QByteArray &bytes)
+{
+    std::memcpy(makeRoom(bytes.size()), bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    keep(bytes.size());
+}
+
 // What was taken goes here, once for all of it: to move the rest up after every line would take longer than
 // the network for a list of a hundred thousand.
-void LineReader::append(const QByteArray &bytes)
+char *LineReader::makeRoom(int size)
 {
     m_bytes.remove(0, m_taken);
     m_taken = 0;
-    m_bytes += bytes;
+    m_kept = m_bytes.size();
+    m_bytes.reserve(m_kept + size); // what is not kept of it must not be given back and asked for again
+    m_bytes.resize(m_kept + size);
+    return m_bytes.data() + m_kept;
+}
+
+void LineReader::keep(int size)
+{
+    m_bytes.resize(m_kept + size);
 }
 
 std::optional<std::string_view> LineReader::nextLine()
@@ -47,6 +61,7 @@ bool LineReader::isTooLong() const
 void LineReader::clear()
 {
     m_bytes.clear();
+    m_kept = 0;
     m_taken = 0;
 }
 

@@ -15,8 +15,12 @@ public:
     explicit LineReader(int limit);
 
     void append(const QByteArray &bytes);
+    /// Where the next bytes may be written, at most @p size of them; keep() says how many there were. Nothing
+    /// else is called in between.
+    char *makeRoom(int size);
+    void keep(int size);
     /// The next whole line without its line end; nothing while none is complete or when it is too long. Good
-    /// until the next append() or clear().
+    /// until more bytes come.
     std::optional<std::string_view> nextLine();
     /// The same as a copy of its own.
     std::optional<QByteArray> takeLine();
@@ -29,6 +33,7 @@ private:
     int lengthOfNext() const;
 
     int m_limit;
+    int m_kept = 0;  ///< what makeRoom() found
     int m_taken = 0; ///< so many bytes at the front have become lines
     QByteArray m_bytes;
 };

@@ -4,14 +4,15 @@
 
 #include "linereader.h"
 
+#include <QByteArray>
 #include <QtGlobal>
 
 #include <memory>
 #include <optional>
 #include <string_view>
 
+class ByteStream;
 class Core;
-class QSslSocket;
 class QString;
 class WaitBudget;
 
@@ -51,12 +52,10 @@ public:
     bool send(const QByteArray &line);
 
 private:
-    bool startTls(const QString &host, const WaitBudget &budget);
     bool fetch();
 
     Core &m_core;
-    const int m_longestLine;
-    std::unique_ptr<QSslSocket> m_socket;
+    std::unique_ptr<ByteStream> m_stream;
     LineReader m_lines;
     qint64 m_received = 0;
 };
