@@ -20,9 +20,9 @@ ConnectorPlugin::ConnectorPlugin(Core *core)
 
 ConnectorPlugin::~ConnectorPlugin()
 {
-    // Requests that are delivered now reach slots of a derived class no more, but the worker still reads from
+    // Requests that are delivered now reach slots of a derived class no more, but the workers still read from
     // the connector.
-    m_connector->server()->shutDown();
+    m_connector->shutDown();
 }
 
 Core *ConnectorPlugin::core() const
