@@ -55,11 +55,6 @@ void ConnectorPlugin::init(Benchmark &benchmark)
     Q_UNUSED(benchmark)
 }
 
-void ConnectorPlugin::polish(MainWindow *window)
-{
-    Q_UNUSED(window)
-}
-
 bool ConnectorPlugin::providesNntpProfiles() const
 {
     return false;
@@ -140,6 +135,3 @@ QString ConnectorPlugin::offlineText() const
 {
     return tr("Not logged in");
 }
-
-void ConnectorPlugin::showNewsgroupPanel(const Newsgroup &, HIndex::MediaView, HIndex::MediaFacet) {}
-void ConnectorPlugin::showNewsgroupPanel(const QString &, const QList<Newsgroup> &, HIndex::MediaView, HIndex::MediaFacet) {}
