@@ -169,6 +169,13 @@ void Person::drag(const Spot &from, const Spot &to)
     letGo();
 }
 
+// A menu or a drag that stays open would hold the program back for ever.
+void Person::giveUp()
+{
+    use({QStringLiteral("keyup"), QStringLiteral("ctrl"), QStringLiteral("mouseup"), QStringLiteral("1"),
+         QStringLiteral("key"), QStringLiteral("Escape")});
+}
+
 void Person::pressKey(const QString &key)
 {
     use({QStringLiteral("key"), key});

@@ -71,6 +71,9 @@ public:
         return answer;
     }
 
+    /// Lets everything go, after a disappointment.
+    void giveUp();
+
     /// Keeps a picture of the window and what is in front of it, once it stands still.
     void shoot(const QString &name);
 
