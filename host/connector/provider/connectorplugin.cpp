@@ -140,3 +140,6 @@ QString ConnectorPlugin::offlineText() const
 {
     return tr("Not logged in");
 }
+
+void ConnectorPlugin::showNewsgroupPanel(const Newsgroup &, HIndex::MediaView, HIndex::MediaFacet) {}
+void ConnectorPlugin::showNewsgroupPanel(const QString &, const QList<Newsgroup> &, HIndex::MediaView, HIndex::MediaFacet) {}

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <halvora/connectorexport.h>
+#include <halvora/hindex.h>
 #include <halvora/hserveraddress.h>
 #include <halvora/hstorageid.h>
 #include <halvora/urlinfo.h>
@@ -19,6 +20,7 @@ class HJobResultHandler;
 class HLoginRequest;
 class HServerAddressRotator;
 class MainWindow;
+class Newsgroup;
 class NewsgroupInfoProvider;
 class QAction;
 class QWidget;
@@ -40,6 +42,12 @@ public:
     /// Takes @p rotator over.
     void setAddressRotator(HServerAddressRotator *rotator);
     void setErrorReportVisible(bool visible);
+
+    /// Opens a page with the newest articles of @p newsgroup.
+    void showNewsgroupPanel(const Newsgroup &newsgroup, HIndex::MediaView view, HIndex::MediaFacet facet);
+    /// The same for several newsgroups together, under @p title.
+    void showNewsgroupPanel(const QString &title, const QList<Newsgroup> &newsgroups, HIndex::MediaView view,
+                            HIndex::MediaFacet facet);
 
     virtual void init(Benchmark &benchmark);
     virtual void polish(MainWindow *window);

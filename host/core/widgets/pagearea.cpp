@@ -40,8 +40,7 @@ void PageArea::open(QWidget *page)
         followTitle(page);
         connect(page, &QWidget::windowTitleChanged, this, [this, page] { followTitle(page); });
     }
-    setCurrentWidget(page);
-    page->setFocus();
+    setCurrentWidget(page); // the keys stay where they are, with what the page was opened from
 }
 
 QWidget *PageArea::find(const QString &name) const
