@@ -40,7 +40,8 @@ public:
     explicit Person(QWidget *window);
 
     void pointAt(const Spot &spot);
-    void clickOn(const Spot &spot);
+    /// With the key @p held, if it is given, held down.
+    void clickOn(const Spot &spot, const QString &held = QString());
     void rightClickOn(const Spot &spot);
     void doubleClickOn(const Spot &spot);
 
@@ -81,6 +82,7 @@ private:
     QPoint lookFor(const Spot &spot) const;
     void moveTo(const QPoint &point);
     void press(const QStringList &clicks);
+    void waitOutDoubleClick();
     bool isDragging() const;
     static void use(const QStringList &xdotool);
 
