@@ -4,12 +4,14 @@
 
 #include <halvora/nntpsession.h>
 
+#include <QThread>
+
 #include <atomic>
 #include <utility>
 
 namespace {
 
-std::atomic<QThread *> endThread{nullptr};
+std::atomic<int> endsElsewhere{0};
 
 } // namespace
 
@@ -20,7 +22,8 @@ WorkTask::WorkTask(Work work)
 
 WorkTask::~WorkTask()
 {
-    endThread = QThread::currentThread();
+    if (QThread::currentThread() != thread())
+        ++endsElsewhere;
 }
 
 QSharedPointer<WorkTask> WorkTask::sending(const QByteArray &command)
@@ -35,9 +38,9 @@ QSharedPointer<WorkTask> WorkTask::doing(const Work &work)
     return QSharedPointer<WorkTask>(new WorkTask(work));
 }
 
-QThread *WorkTask::lastEnd()
+int WorkTask::endedElsewhere()
 {
-    return endThread;
+    return endsElsewhere;
 }
 
 bool WorkTask::run(NntpSession &session)

@@ -6,11 +6,10 @@
 
 #include <QByteArray>
 #include <QSharedPointer>
-#include <QThread>
 
 #include <functional>
 
-/// A task that does what a test says, and writes down where its end came.
+/// A task that does what a test says, and notes when its end comes on the wrong thread.
 class WorkTask final : public NntpTask {
     Q_OBJECT
 public:
@@ -26,8 +25,8 @@ public:
     /// For the work.
     void tell() { tellProgress(); }
 
-    /// Where the last task was destroyed.
-    static QThread *lastEnd();
+    /// How many tasks were destroyed on another thread than the one that they were made for.
+    static int endedElsewhere();
 
 protected:
     bool run(NntpSession &session) override;
