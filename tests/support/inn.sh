@@ -7,8 +7,9 @@
 #   inn.sh stop DIR
 # "start" leaves DIR/ports with the lines PORT= (plain), TLSPORT= (TLS from the first byte) and CERT= (the
 # file of the certificate, which signs itself and names localhost and 127.0.0.1). The accounts are
-# alice / wonderland and bob / builder. Nothing outside DIR is read or written. As root the server runs as the
-# user "news", who has to be able to enter DIR; as anybody else it runs as that user.
+# alice / wonderland and bob / builder. The newsgroups are misc.test, which is empty, and misc.articles with the
+# articles 1 to 5. Nothing outside DIR is read or written. As root the server runs as the user "news", who has
+# to be able to enter DIR; as anybody else it runs as that user.
 # Only the reader daemon runs: it is what the big daemon hands every reader to.
 set -euo pipefail
 BIN=${INN_BIN:-/usr/lib/news/bin}
@@ -32,6 +33,27 @@ exec_as_server() {
 }
 
 as_server() { (exec_as_server "$@"); }
+
+# misc.test, which is empty, and misc.articles.
+write_groups() {
+    local dir=$1 number
+    printf '%s y\n' 'misc.test 0000000000 0000000001' 'misc.articles 0000000005 0000000001' > "$dir/db/active"
+    printf '%s\t%s\n' misc.test 'Does it arrive?' misc.articles 'A few articles.' > "$dir/db/newsgroups"
+    mkdir -p "$dir/spool/articles/misc/articles"
+    for number in {1..5}; do
+        cat > "$dir/spool/articles/misc/articles/$number" <<A
+Path: news.example!not-for-mail
+From: Rika Lindqvist <rika@lindqvist.example>
+Newsgroups: misc.articles
+Subject: Article $number
+Date: 0$number Mar 2025 12:00:00 +0000
+Message-ID: <article-$number@news.example>
+Xref: news.example misc.articles:$number
+
+The text of article $number.
+A
+    done
+}
 
 write_configuration() {
     local dir=$1
@@ -86,7 +108,7 @@ access "accounts" {
 C
     printf 'alice:%s\nbob:%s\n' "$(openssl passwd -6 wonderland)" "$(openssl passwd -6 builder)" > "$dir/etc/users"
     printf 'method tradspool {\n  newsgroups: *\n  class: 0\n}\n' > "$dir/etc/storage.conf"
-    echo 'misc.test 0000000000 0000000001 y' > "$dir/db/active"
+    write_groups "$dir"
     openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj /CN=localhost \
         -addext subjectAltName=DNS:localhost,IP:127.0.0.1 \
         -keyout "$dir/etc/key.pem" -out "$dir/etc/cert.pem" 2> "$dir/log/openssl"
