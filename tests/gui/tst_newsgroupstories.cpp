@@ -88,7 +88,7 @@ void TestNewsgroupStories::aClickOnAFolderOpensAllItsNewsgroups()
         bookmarks.logIn(person);
         person.clickOn(bookmarks.folder(QStringLiteral("Pictures")));
         person.sees(QStringLiteral("the pictures of several newsgroups"), [&newsgroups] {
-            return newsgroups.pageTitle() == QLatin1String("Pictures") && newsgroups.articles() > 20;
+            return newsgroups.pageTitle() == QLatin1String("Pictures") && newsgroups.articles() > 60;
         });
         person.shoot(QStringLiteral("newsgroup-page-of-folder"));
     });
