@@ -10,7 +10,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QLineEdit>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
@@ -21,11 +20,6 @@ class TestBookmarkActions : public QObject {
 private Q_SLOTS:
     void init();
     void cleanup();
-    void aFolderFromTheEmptyAreaComesLastAndIsNamedAtOnce();
-    void aFolderFromAFolderComesFirstInItAndIsNamedAtOnce();
-    void aFolderGoesIntoANestedOne();
-    void aFolderFromACollapsedFolderOpensIt();
-    void aDoubleClickRenamesAFolderOnly();
     void deletingMeansTheItemOfTheMenu_data();
     void deletingMeansTheItemOfTheMenu();
     void aFolderIsDeletedWithWhatIsInIt();
@@ -35,7 +29,6 @@ private Q_SLOTS:
     void theEmptyAreaIsNoItem();
     void withoutAMenuNothingIsMeant();
     void afterAResetNothingIsMeant();
-    void belowABookmarkNoFolderIsAdded();
     void aChosenColourIsStored_data();
     void aChosenColourIsStored();
     void noneTakesTheColourAway();
@@ -56,9 +49,6 @@ private:
     {
         return m_panel->choose(index, {QString::fromLatin1(entry)});
     }
-    /// Whether the first name of @p folder is in a field to be typed over.
-    bool isNewFolderNamed(const QModelIndex &folder) const;
-    void type(const char *name) const;
     void call(const char *slot) const { QMetaObject::invokeMethod(m_panel->content(), slot); }
     QString storedColor(const char *newsgroup) const;
     /// The colour of a bookmark or a folder, by what it is stored as.
@@ -80,23 +70,6 @@ void TestBookmarkActions::cleanup()
     m_panel.reset();
 }
 
-bool TestBookmarkActions::isNewFolderNamed(const QModelIndex &folder) const
-{
-    const auto *editor = qobject_cast<QLineEdit *>(m_panel->editor());
-    return editor && editor->isVisible() && editor->text() == QLatin1String("New Folder") &&
-           folder.data().toString() == editor->text() &&
-           m_panel->view()->visualRect(folder).contains(editor->geometry().center());
-}
-
-void TestBookmarkActions::type(const char *name) const
-{
-    QWidget *editor = m_panel->editor();
-    QTest::keySequence(editor, QKeySequence::SelectAll);
-    QTest::keyClicks(editor, QString::fromLatin1(name));
-    QTest::keyClick(editor, Qt::Key_Return);
-    QTRY_VERIFY(!m_panel->editor());
-}
-
 QString TestBookmarkActions::storedColor(const char *newsgroup) const
 {
     const QVector<BookmarkRow> rows = m_panel->store().rows();
@@ -115,56 +88,6 @@ QAction *TestBookmarkActions::colorAction(const char *name) const
             return action;
     }
     return nullptr;
-}
-
-void TestBookmarkActions::aFolderFromTheEmptyAreaComesLastAndIsNamedAtOnce()
-{
-    QVERIFY(choose(QModelIndex(), "Add Folder"));
-    QCOMPARE(names().size(), 3);
-    QVERIFY(isNewFolderNamed(at({2})));
-    type("Mine");
-    QCOMPARE(names(), words("one two Mine"));
-    QCOMPARE(m_panel->store().orders(QStringLiteral("NULL")), rows("one 0, two 1, Mine 2"));
-}
-
-void TestBookmarkActions::aFolderFromAFolderComesFirstInItAndIsNamedAtOnce()
-{
-    QVERIFY(choose(at({0}), "Add Folder"));
-    QCOMPARE(names(at({0})).size(), 4);
-    QVERIFY(isNewFolderNamed(at({0, 0})));
-    type("Mine");
-    QCOMPARE(names(at({0})), words("Mine a b c"));
-    QCOMPARE(names(), words("one two"));
-}
-
-void TestBookmarkActions::aFolderGoesIntoANestedOne()
-{
-    m_panel->addFolder("inner", "x", at({1}));
-    QVERIFY(choose(at({1, 0}), "Add Folder"));
-    QVERIFY(isNewFolderNamed(at({1, 0, 0})));
-    QCOMPARE(names(at({1, 0})).size(), 2);
-}
-
-void TestBookmarkActions::aFolderFromACollapsedFolderOpensIt()
-{
-    m_panel->view()->collapse(at({0}));
-    QVERIFY(choose(at({0}), "Add Folder"));
-    QVERIFY(m_panel->view()->isExpanded(at({0})));
-    QVERIFY(isNewFolderNamed(at({0, 0})));
-}
-
-void TestBookmarkActions::aDoubleClickRenamesAFolderOnly()
-{
-    for (const QModelIndex &index : {at({0, 1}), at({1})}) {
-        const QPoint place = m_panel->place(index);
-        QTest::mouseClick(m_panel->view()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-        QTest::mouseDClick(m_panel->view()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-        QCOMPARE(m_panel->editor() != nullptr, index == at({1}));
-    }
-    type("Named");
-    QCOMPARE(names(), words("one Named"));
-    QTest::keyClick(m_panel->view(), Qt::Key_F2);
-    QVERIFY(!m_panel->editor());
 }
 
 void TestBookmarkActions::deletingMeansTheItemOfTheMenu_data()
@@ -263,14 +186,6 @@ void TestBookmarkActions::afterAResetNothingIsMeant()
     call("addBookmarkFolder");
     QCOMPARE(names().size(), 3);
     QCOMPARE(names(at({0})), words("a b c"));
-}
-
-void TestBookmarkActions::belowABookmarkNoFolderIsAdded()
-{
-    QVERIFY(!m_panel->menuTexts(at({0, 1})).isEmpty());
-    call("addBookmarkFolder");
-    QCOMPARE(names() + names(at({0})), words("one two a b c"));
-    QVERIFY(!m_panel->editor());
 }
 
 void TestBookmarkActions::aChosenColourIsStored_data()
