@@ -54,7 +54,8 @@ void CVBookmarksRequest::clear()
 
 void CVBookmarksRequest::buildRequestInternal(QXmlStreamWriter &writer)
 {
-    writer.writeEmptyElement(QStringLiteral("bookmarks"));
+    writer.writeStartElement(QStringLiteral("bookmarks"));
+    writer.writeEndElement();
 }
 
 void CVBookmarksRequest::buildResponseInternal(const QDomElement &reply)

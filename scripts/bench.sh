@@ -7,8 +7,8 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 
 scripts/packages.sh test
 cmake --preset release >/dev/null
-cmake --build --preset release --target bench_start bench_login bench_bookmarkstore bench_bookmarklookup >/dev/null
-for program in bench_start bench_login bench_bookmarkstore bench_bookmarklookup; do
+cmake --build --preset release --target bench_start bench_login bench_bookmarkstore bench_bookmarklookup bench_newslist >/dev/null
+for program in bench_start bench_login bench_bookmarkstore bench_bookmarklookup bench_newslist; do
     echo "== $program"
     tests/support/in-fresh-home.sh "build/release/benchmarks/$program" 2>/dev/null
 done

@@ -183,8 +183,8 @@ void Application::shutDown(int exitCode)
     m_login.reset();
     for (CorePluginInterface *plugin : qAsConst(m_plugins))
         plugin->onShutdown();
-    const bool workerEnded = !m_provider || m_provider->connectorPlugin()->connector()->server()->shutDown();
-    if (!workerEnded) {
+    const bool workersEnded = !m_provider || m_provider->connectorPlugin()->connector()->shutDown();
+    if (!workersEnded) {
         qCWarning(logApplication) << "the worker did not end in time";
         m_core->plugin()->clear();
         m_core->settings().sync();

@@ -2,53 +2,24 @@
 // SPDX-License-Identifier: MIT
 #include "nntpconnection.h"
 
+#include "plainstream.h"
 #include "tcpdial.h"
+#include "tlsstream.h"
 #include "waitbudget.h"
 
 #include <halvora/core.h>
 #include <halvora/trafficmeter.h>
 
-#include <QFile>
-#include <QNetworkProxy>
-#include <QSslCertificate>
-#include <QSslConfiguration>
-#include <QSslSocket>
-
-#include <unistd.h>
-
 namespace {
 
-constexpr int LongestLine = 4096;
-// Never more than one line is expected, so a flood beyond this is a failure before it is a loss.
-constexpr qint64 ReadBuffer = qint64(16) * LongestLine;
-
-QSslConfiguration tlsConfiguration()
-{
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setProtocol(QSsl::TlsV1_2OrLater);
-    configuration.setPeerVerifyMode(QSslSocket::VerifyPeer);
-    return configuration;
-}
-
-/// Trusts the authorities in @p fileName besides the system's.
-void addAuthorities(QSslSocket &socket, const QString &fileName)
-{
-    QFile file(fileName);
-    if (fileName.isEmpty() || !file.open(QIODevice::ReadOnly))
-        return;
-    // Any other way to name authorities makes Qt read all of the system's at once instead of the one it
-    // needs, which takes several times as long as a stop may go unseen.
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
-    socket.addCaCertificates(QSslCertificate::fromDevice(&file, QSsl::Pem));
-    QT_WARNING_POP
-}
+// What is read at once.
+constexpr int ChunkSize = 64 * 1024;
 
 } // namespace
 
-NntpConnection::NntpConnection(Core &core)
+NntpConnection::NntpConnection(Core &core, int longestLine)
     : m_core(core)
-    , m_lines(LongestLine)
+    , m_lines(longestLine)
 {
 }
 
@@ -60,80 +31,74 @@ bool NntpConnection::open(const QString &host, quint16 port, bool ssl, const Wai
     const int descriptor = TcpDial::open(host, port, budget);
     if (descriptor < 0)
         return false;
-    m_socket = std::make_unique<QSslSocket>();
-    m_socket->setProxy(QNetworkProxy::NoProxy);
-    if (!m_socket->setSocketDescriptor(descriptor)) {
-        ::close(descriptor);
-        close();
+    if (!ssl) {
+        m_stream = std::make_unique<PlainStream>(descriptor);
+        return true;
+    }
+    auto stream = std::make_unique<TlsStream>(descriptor);
+    if (!stream->start(host, m_core.authorityFile(), budget))
         return false;
-    }
-    m_socket->setReadBufferSize(ReadBuffer);
-    if (ssl && !startTls(host, budget))
-        close();
-    return isOpen();
-}
-
-bool NntpConnection::startTls(const QString &host, const WaitBudget &budget)
-{
-    m_socket->setSslConfiguration(tlsConfiguration());
-    addAuthorities(*m_socket, m_core.authorityFile());
-    m_socket->setPeerVerifyName(host);
-    m_socket->startClientEncryption();
-    while (!m_socket->isEncrypted()) {
-        if (budget.isOver() || !isOpen())
-            return false;
-        m_socket->waitForEncrypted(static_cast<int>(budget.slice().count()));
-    }
+    m_stream = std::move(stream);
     return true;
 }
 
 bool NntpConnection::isOpen() const
 {
-    return m_socket && m_socket->state() == QAbstractSocket::ConnectedState;
+    return m_stream && m_stream->isOpen();
 }
 
 void NntpConnection::close()
 {
-    m_socket.reset();
+    m_stream.reset();
     m_lines.clear();
 }
 
 std::optional<QByteArray> NntpConnection::readLine(const WaitBudget &budget)
 {
-    while (m_socket && !budget.isOver()) {
-        fetch();
+    while (!budget.isOver()) {
         if (auto line = m_lines.takeLine())
             return line;
-        if (m_lines.isTooLong() || !isOpen())
+        if (!receive(budget))
             break;
-        m_socket->waitForReadyRead(static_cast<int>(budget.slice().count()));
     }
     close();
     return std::nullopt;
 }
 
+bool NntpConnection::receive(const WaitBudget &budget)
+{
+    while (m_stream && !m_lines.isTooLong() && !budget.isOver()) {
+        if (fetch())
+            return true;
+        if (!isOpen())
+            break;
+        m_stream->wait(budget.slice());
+    }
+    close();
+    return false;
+}
+
 bool NntpConnection::hasUnread()
 {
     if (isOpen())
-        m_socket->waitForReadyRead(0);
+        m_stream->wait(std::chrono::milliseconds(0));
     fetch();
     return !m_lines.isEmpty();
 }
 
 bool NntpConnection::send(const QByteArray &line)
 {
-    if (!isOpen() || m_socket->write(line) != line.size())
-        return false;
-    // Whatever the system does not take now goes out while the reply is awaited.
-    m_socket->flush();
-    return true;
+    return isOpen() && m_stream->write(line);
 }
 
-void NntpConnection::fetch()
+/// False when nothing has arrived.
+bool NntpConnection::fetch()
 {
-    if (!m_socket)
-        return;
-    const QByteArray bytes = m_socket->readAll();
-    m_core.traffic().addNntpDown(bytes.size());
-    m_lines.append(bytes);
+    if (!m_stream)
+        return false;
+    const int size = m_stream->read(m_lines.makeRoom(ChunkSize), ChunkSize);
+    m_lines.keep(size);
+    m_core.traffic().addNntpDown(size);
+    m_received += size;
+    return size > 0;
 }

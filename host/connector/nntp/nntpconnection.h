@@ -4,13 +4,15 @@
 
 #include "linereader.h"
 
+#include <QByteArray>
 #include <QtGlobal>
 
 #include <memory>
 #include <optional>
+#include <string_view>
 
+class ByteStream;
 class Core;
-class QSslSocket;
 class QString;
 class WaitBudget;
 
@@ -18,8 +20,12 @@ class WaitBudget;
 /// loop; every wait ends with its budget. Once anything has failed the connection stays closed until open().
 class NntpConnection {
 public:
-    /// @p core is not owned and outlives the connection.
-    explicit NntpConnection(Core &core);
+    /// What a line of a reply may have in bytes, its end included.
+    static constexpr int LongestReply = 4096;
+
+    /// @p core is not owned and outlives the connection. A line may have @p longestLine bytes, its end
+    /// included.
+    explicit NntpConnection(Core &core, int longestLine = LongestReply);
     /// Closes at once, without waiting for the server.
     ~NntpConnection();
     Q_DISABLE_COPY(NntpConnection)
@@ -31,19 +37,25 @@ public:
     bool isOpen() const;
     void close();
 
-    /// The next line without its end, or nothing: the server closed, sent more than 4 KiB without ending the
-    /// line, or the budget is over. The connection is closed then.
+    /// The next line without its end, or nothing: the server closed, sent more than a line may have without
+    /// ending it, or the budget is over. The connection is closed then.
     std::optional<QByteArray> readLine(const WaitBudget &budget);
+    /// The next line without its end if it has arrived as a whole. Does not wait; good until the next call.
+    std::optional<std::string_view> nextLine() { return m_lines.nextLine(); }
+    /// Waits until more bytes have arrived. False when none will help: as for readLine().
+    bool receive(const WaitBudget &budget);
+    /// The bytes that came since this object was made.
+    qint64 received() const { return m_received; }
     /// Whether bytes have arrived that no line has been made of yet. Does not wait.
     bool hasUnread();
     /// Sends @p line, which already ends with CRLF.
     bool send(const QByteArray &line);
 
 private:
-    bool startTls(const QString &host, const WaitBudget &budget);
-    void fetch();
+    bool fetch();
 
     Core &m_core;
-    std::unique_ptr<QSslSocket> m_socket;
+    std::unique_ptr<ByteStream> m_stream;
     LineReader m_lines;
+    qint64 m_received = 0;
 };

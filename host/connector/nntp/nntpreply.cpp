@@ -3,6 +3,7 @@
 #include "nntpreply.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -51,10 +52,24 @@ QString readable(const QByteArray &line)
     return text.left(text.at(LongestText - 1).isHighSurrogate() ? LongestText - 1 : LongestText);
 }
 
+bool says(const QString &text, const char *words)
+{
+    return text.contains(QLatin1String(words), Qt::CaseInsensitive);
+}
+
 } // namespace
 
 NntpReply::NntpReply(const QByteArray &line, const QByteArray &secret)
     : m_code(codeOf(line))
     , m_text(readable(withoutSecret(line, secret)))
 {
+}
+
+bool NntpReply::isTooManyConnections() const
+{
+    static constexpr std::array<int, 4> codes = {400, 452, 482, 502};
+    if (std::find(codes.cbegin(), codes.cend(), m_code) == codes.cend() || !says(m_text, "connection"))
+        return false;
+    return says(m_text, "too many") || says(m_text, "limit") || says(m_text, "maximum") ||
+           says(m_text, "exceeded");
 }

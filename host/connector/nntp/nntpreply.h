@@ -17,6 +17,9 @@ public:
     int code() const { return m_code; }
     /// The line as plain text: no control characters, at most 512 characters, code included.
     QString text() const { return m_text; }
+    /// Whether the line refuses because the account has all its connections. No code says that, so servers
+    /// say it in words.
+    bool isTooManyConnections() const;
 
 private:
     int m_code = 0;

@@ -10,9 +10,8 @@
 #include <memory>
 
 class Core;
-class NntpConnection;
+class NntpDialogue;
 class NntpReply;
-class WaitBudget;
 
 /// A blocking client that finds out whether a news server lets a person in, and no more than that (RFC 3977,
 /// RFC 4643). It belongs on the stack of one worker thread, with or without an event loop, and is used there
@@ -27,9 +26,9 @@ public:
     Q_DISABLE_COPY(SimpleNntpClient)
 
     /// What finding the host, connecting, TLS and the greeting may take together; 4 s unless set.
-    void setConnectBudget(std::chrono::milliseconds budget) { m_connectBudget = budget; }
+    void setConnectBudget(std::chrono::milliseconds budget);
     /// What each reply may take from its command to its last byte; 10 s unless set.
-    void setReplyDeadline(std::chrono::milliseconds deadline) { m_replyDeadline = deadline; }
+    void setReplyDeadline(std::chrono::milliseconds deadline);
 
     /// Drops any connection there is, connects, and waits for the greeting; true when that is 200 or 201.
     /// With
@@ -46,16 +45,11 @@ public:
     /// The last line that the server said since connectToHost was called; empty when it said none. Plain text
     /// of at most 512 characters, without control characters and without the password. A line that refuses
     /// the connection or the login is also given to Core::setNewsServerReply.
-    QString lastReply() const { return m_lastReply; }
+    QString lastReply() const;
 
 private:
-    NntpReply readReply(const WaitBudget &budget, const QByteArray &secret);
-    NntpReply command(const QByteArray &line, const QByteArray &secret);
     void tellRefusal(const NntpReply &reply);
 
     Core *m_core;
-    std::unique_ptr<NntpConnection> m_connection;
-    std::chrono::milliseconds m_connectBudget;
-    std::chrono::milliseconds m_replyDeadline;
-    QString m_lastReply;
+    std::unique_ptr<NntpDialogue> m_dialogue;
 };

@@ -28,8 +28,12 @@ WaitBudget::WaitBudget(const Core &core, std::chrono::milliseconds time)
 
 bool WaitBudget::isOver() const
 {
-    return m_deadline.hasExpired() || !m_core->isRunning() ||
-           QThread::currentThread()->isInterruptionRequested();
+    return m_deadline.hasExpired() || isStopped();
+}
+
+bool WaitBudget::isStopped() const
+{
+    return !m_core->isRunning() || QThread::currentThread()->isInterruptionRequested();
 }
 
 std::chrono::milliseconds WaitBudget::slice() const

@@ -19,6 +19,8 @@ public:
     /// True when the time is spent, the calling thread is asked to interrupt, or the program is shutting
     /// down.
     bool isOver() const;
+    /// True when what ended the wait, or would end it, is not the time.
+    bool isStopped() const;
     /// How long the next single wait may last, at most 50 ms.
     std::chrono::milliseconds slice() const;
     /// One of @p parts equal parts of what is left, for several attempts that must all get a turn.

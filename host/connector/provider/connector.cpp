@@ -9,9 +9,14 @@
 #include <halvora/hnntpdistributor.h>
 #include <halvora/hserver.h>
 
+#include <QDeadlineTimer>
 #include <QSettings>
 
+#include <chrono>
+
 namespace {
+
+constexpr std::chrono::seconds longestWaitForWorkers(2);
 
 QString hostsKey()
 {
@@ -53,16 +58,33 @@ Connector::Connector(Core *core, ConnectorPlugin *plugin)
     : m_core(core)
     , m_plugin(plugin)
     , m_server(new HServer(core, this))
-    , m_distributor(new HNntpDistributor(core->settings(), this))
+    , m_distributor(new HNntpDistributor(
+          core,
+          [this] {
+              return NntpAccount{nntpHosts(), username(), password()};
+          },
+          this))
     , m_autoSearch(new HAutoSearchService(this))
     , m_nntpHosts(loadHosts(core->settings()))
 {
 }
 
-// The worker reads what the members below hold, and the server, being a child, would go after them.
+// The workers read what the members below hold, and server and distributor, being children, would go after
+// them.
 Connector::~Connector()
 {
-    m_server->shutDown();
+    shutDown();
+}
+
+// All workers are asked to end before any of them is waited for, so that they end together.
+bool Connector::shutDown()
+{
+    const QDeadlineTimer deadline(longestWaitForWorkers);
+    m_core->stopRunning();
+    m_distributor->beginShutDown();
+    const bool serverEnded = m_server->shutDown();
+    const std::chrono::milliseconds left(deadline.remainingTime());
+    return m_distributor->shutDown(left) && serverEnded;
 }
 
 ConnectorPlugin *Connector::plugin() const

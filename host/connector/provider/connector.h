@@ -50,6 +50,10 @@ public:
     /// Forgets user name and password, the session, the news servers and the links.
     void logOut();
 
+    /// Ends every request and every task without success and waits for their workers, at most two seconds in
+    /// all. False when one of them still runs: nothing that it knows may be destroyed then.
+    bool shutDown();
+
 private:
     void storeNntpHosts(const QList<NntpHost> &hosts);
 

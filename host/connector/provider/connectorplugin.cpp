@@ -20,9 +20,9 @@ ConnectorPlugin::ConnectorPlugin(Core *core)
 
 ConnectorPlugin::~ConnectorPlugin()
 {
-    // Requests that are delivered now reach slots of a derived class no more, but the worker still reads from
+    // Requests that are delivered now reach slots of a derived class no more, but the workers still read from
     // the connector.
-    m_connector->server()->shutDown();
+    m_connector->shutDown();
 }
 
 Core *ConnectorPlugin::core() const
@@ -53,11 +53,6 @@ void ConnectorPlugin::setErrorReportVisible(bool visible)
 void ConnectorPlugin::init(Benchmark &benchmark)
 {
     Q_UNUSED(benchmark)
-}
-
-void ConnectorPlugin::polish(MainWindow *window)
-{
-    Q_UNUSED(window)
 }
 
 bool ConnectorPlugin::providesNntpProfiles() const
@@ -140,6 +135,3 @@ QString ConnectorPlugin::offlineText() const
 {
     return tr("Not logged in");
 }
-
-void ConnectorPlugin::showNewsgroupPanel(const Newsgroup &, HIndex::MediaView, HIndex::MediaFacet) {}
-void ConnectorPlugin::showNewsgroupPanel(const QString &, const QList<Newsgroup> &, HIndex::MediaView, HIndex::MediaFacet) {}
