@@ -106,19 +106,28 @@ void Person::pointAt(const Spot &spot)
 }
 
 // Two clicks that follow each other at once would be a double click.
-void Person::press(const QStringList &clicks)
+void Person::waitOutDoubleClick()
 {
     const int interval = learns<int>([] { return QApplication::doubleClickInterval(); });
     while (m_sinceClick.isValid() && !m_sinceClick.hasExpired(interval + 50))
         QThread::msleep(glance);
+}
+
+void Person::press(const QStringList &clicks)
+{
+    waitOutDoubleClick();
     use(QStringList{QStringLiteral("click")} + clicks);
     m_sinceClick.start();
 }
 
-void Person::clickOn(const Spot &spot)
+void Person::clickOn(const Spot &spot, const QString &held)
 {
     pointAt(spot);
+    if (!held.isEmpty())
+        use({QStringLiteral("keydown"), held});
     press({QStringLiteral("1")});
+    if (!held.isEmpty())
+        use({QStringLiteral("keyup"), held});
 }
 
 void Person::rightClickOn(const Spot &spot)
@@ -142,6 +151,7 @@ bool Person::isDragging() const
 void Person::pickUp(const Spot &spot)
 {
     pointAt(spot);
+    waitOutDoubleClick();
     use({QStringLiteral("mousedown"), QStringLiteral("1")});
     const QPoint start = m_pointer;
     moveTo(start + QPoint(6, 3) * m_window->devicePixelRatioF() * 4);
@@ -167,6 +177,13 @@ void Person::drag(const Spot &from, const Spot &to)
     pickUp(from);
     carryTo(to);
     letGo();
+}
+
+// A menu or a drag that stays open would hold the program back for ever.
+void Person::giveUp()
+{
+    use({QStringLiteral("keyup"), QStringLiteral("ctrl"), QStringLiteral("mouseup"), QStringLiteral("1"),
+         QStringLiteral("key"), QStringLiteral("Escape")});
 }
 
 void Person::pressKey(const QString &key)

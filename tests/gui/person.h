@@ -40,7 +40,8 @@ public:
     explicit Person(QWidget *window);
 
     void pointAt(const Spot &spot);
-    void clickOn(const Spot &spot);
+    /// With the key @p held, if it is given, held down.
+    void clickOn(const Spot &spot, const QString &held = QString());
     void rightClickOn(const Spot &spot);
     void doubleClickOn(const Spot &spot);
 
@@ -71,6 +72,9 @@ public:
         return answer;
     }
 
+    /// Lets everything go, after a disappointment.
+    void giveUp();
+
     /// Keeps a picture of the window and what is in front of it, once it stands still.
     void shoot(const QString &name);
 
@@ -78,6 +82,7 @@ private:
     QPoint lookFor(const Spot &spot) const;
     void moveTo(const QPoint &point);
     void press(const QStringList &clicks);
+    void waitOutDoubleClick();
     bool isDragging() const;
     static void use(const QStringList &xdotool);
 

@@ -11,6 +11,9 @@
 
 Stage::Stage()
 {
+    QCoreApplication::setApplicationName(QStringLiteral("Halvora"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Halvora"));
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     open();
 }
 
@@ -50,7 +53,9 @@ void Stage::play(const std::function<void(Person &)> &story)
             return;
         try {
             person.shoot(QStringLiteral("failed-%1").arg(QLatin1String(QTest::currentTestFunction())));
-        } catch (const Disappointment &) { // it is the first one that counts
+            person.giveUp();
+        } catch (const Disappointment &disappointment) {
+            sentence += QLatin1Char('\n') + QString::fromUtf8(disappointment.what());
         }
     };
     const std::unique_ptr<QThread> thread(QThread::create(tellAndShow));
@@ -65,14 +70,16 @@ void Stage::play(const std::function<void(Person &)> &story)
     QVERIFY2(sentence.isEmpty(), qPrintable(sentence));
 }
 
-// Nothing stays open that the next story would stumble over, or the loop inside it would keep this one from
-// ending.
+// A menu or a dialog that stays open would keep this story's loop from ending.
 void Stage::recover()
 {
-    while (QWidget *popup = QApplication::activePopupWidget())
-        popup->close();
-    while (QWidget *dialog = QApplication::activeModalWidget())
-        dialog->close();
+    constexpr int most = 10; // a window may refuse
+    for (int i = 0; i < most; ++i) {
+        if (QWidget *popup = QApplication::activePopupWidget())
+            popup->close();
+        if (QWidget *dialog = QApplication::activeModalWidget())
+            dialog->close();
+    }
 }
 
 Spot Stage::widget(const QString &objectName)
