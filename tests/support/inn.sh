@@ -25,6 +25,19 @@ install_inn() {
     }
 }
 
+# Three articles of misc.stories as the server keeps them: with line ends as on the wire.
+write_articles() {
+    local number
+    mkdir -p "$1"
+    for number in 1 2 3; do
+        printf '%s\r\n' 'Path: news.example!not-for-mail' 'From: Alice <alice@news.example>' \
+            'Newsgroups: misc.stories' "Subject: =?UTF-8?Q?Caf=C3=A9?= story $number" \
+            "Date: $(LC_ALL=C date -u -d "$number hours ago" '+%a, %d %b %Y %H:%M:%S +0000')" \
+            "Message-ID: <story-$number@news.example>" "Xref: news.example misc.stories:$number" 'Lines: 1' '' \
+            "Once upon a time, $number." > "$1/$number"
+    done
+}
+
 # Replaces the shell by a command, run as the server's user.
 exec_as_server() {
     if [ "$(id -u)" = 0 ]; then exec setpriv --reuid=news --regid=news --clear-groups -- "$@"; fi
@@ -86,7 +99,9 @@ access "accounts" {
 C
     printf 'alice:%s\nbob:%s\n' "$(openssl passwd -6 wonderland)" "$(openssl passwd -6 builder)" > "$dir/etc/users"
     printf 'method tradspool {\n  newsgroups: *\n  class: 0\n}\n' > "$dir/etc/storage.conf"
-    echo 'misc.test 0000000000 0000000001 y' > "$dir/db/active"
+    printf '%s 000000000%s 0000000001 y\n' misc.test 0 misc.stories 3 > "$dir/db/active"
+    printf 'misc.test\tFor tests.\nmisc.stories\tStories, all the shorter.\n' > "$dir/db/newsgroups"
+    write_articles "$dir/spool/articles/misc/stories"
     openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj /CN=localhost \
         -addext subjectAltName=DNS:localhost,IP:127.0.0.1 \
         -keyout "$dir/etc/key.pem" -out "$dir/etc/cert.pem" 2> "$dir/log/openssl"
