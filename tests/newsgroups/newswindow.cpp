@@ -55,13 +55,12 @@ QString NewsWindow::label(const QWidget *parent, const char *name)
     return label->isHidden() ? QString() : label->text();
 }
 
-std::string newsScenario(const QString &servers, const QString &groups)
+std::string newsScenario(const QString &servers, const QString &groups, const QString &user,
+                         const QString &password)
 {
-    const QString text =
-        QStringLiteral("<scenario version=\"1\">"
-                       "<account user=\"demo\" password=\"pinegate\"><servers>%1</servers></account>"
-                       "<groups>%2</groups></scenario>");
-    return text.arg(servers, groups).toStdString();
+    const QString text = QStringLiteral("<scenario version=\"1\"><account user=\"%1\" password=\"%2\">"
+                                        "<servers>%3</servers></account><groups>%4</groups></scenario>");
+    return text.arg(user, password, servers, groups).toStdString();
 }
 
 QString plainServer(quint16 port)

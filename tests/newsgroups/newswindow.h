@@ -49,7 +49,9 @@ private:
     std::unique_ptr<MainWindow> m_window;
 };
 
-/// A scenario of the account demo: @p servers and @p groups are what stands in these elements.
-std::string newsScenario(const QString &servers, const QString &groups);
+/// A scenario of one account: @p servers and @p groups are what stands in these elements.
+std::string newsScenario(const QString &servers, const QString &groups,
+                         const QString &user = QStringLiteral("demo"),
+                         const QString &password = QStringLiteral("pinegate"));
 /// The element of a news server at @p port of this machine, without TLS.
 QString plainServer(quint16 port);
