@@ -6,6 +6,7 @@
 #include "bookmarks/bookmarkwriter.h"
 #include "bookmarks/cvbookmarkprovider.h"
 #include "connector/cvconnectorplugin.h"
+#include "requests/cvbookmarksrequest.h"
 
 #include <halvora/connector.h>
 #include <halvora/core.h>

@@ -10,12 +10,14 @@
 #include <QHash>
 #include <QIcon>
 #include <QPixmap>
+#include <QSharedPointer>
 
 #include <memory>
 
 class BookmarkItem;
 class BookmarkWriter;
 class CVBookmarkProvider;
+class CVBookmarksRequest;
 class CVConnectorPlugin;
 class Connector;
 class Core;
@@ -85,8 +87,10 @@ public:
     /// The folders at the top to show expanded: those remembered so, or else the first two.
     QModelIndexList expandedFolderIndexes() const;
 
-    /// Deletes every bookmark.
+    /// Deletes every bookmark. While an account is logged in, its own are asked for again.
     void clearBookmarks();
+    /// Asks the account service for the account's bookmarks; they are added when they come.
+    void requestServerBookmarks();
 
     QList<QWidget *> createOptionWidgets() override;
     void saveOptions(const QList<QWidget *> &widgets) override;
@@ -144,4 +148,5 @@ private:
     QHash<QString, QIcon> m_folderIcons;
     QPixmap m_newsgroupPixmap;
     std::unique_ptr<BookmarkWriter> m_writer;
+    QSharedPointer<CVBookmarksRequest> m_pendingRequest; ///< null while the account is not asked
 };

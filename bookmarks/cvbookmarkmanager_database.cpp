@@ -6,7 +6,9 @@
 #include "bookmarks/bookmarkwriter.h"
 #include "bookmarks/cvbookmarkprovider.h"
 #include "plugin/constants.h"
+#include "requests/cvbookmarksrequest.h"
 
+#include <halvora/connector.h>
 #include <halvora/core.h>
 #include <halvora/dbutils.h>
 #include <halvora/storagemanager.h>
@@ -191,4 +193,6 @@ void CVBookmarkManager::clearBookmarks()
     qDeleteAll(m_topLevel);
     m_topLevel.clear();
     endResetModel();
+    if (m_connector->server()->connectorState() == HServer::Connected && !m_pendingRequest)
+        requestServerBookmarks();
 }

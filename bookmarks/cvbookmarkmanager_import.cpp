@@ -5,16 +5,35 @@
 #include "bookmarks/bookmarkitem.h"
 #include "bookmarks/bookmarkwriter.h"
 #include "bookmarks/cvbookmarkprovider.h"
+#include "requests/cvbookmarksrequest.h"
+
+#include <halvora/connector.h>
 
 #include <QSqlDatabase>
 
-// The account's own bookmarks are not asked for yet.
+// Before the stored bookmarks were read the tree is empty, too; the program logs in after that.
 void CVBookmarkManager::connectorStateChanged(HServer::State state)
 {
-    Q_UNUSED(state)
+    if (m_topLevel.isEmpty() && state == HServer::Connected && !m_pendingRequest)
+        requestServerBookmarks();
 }
 
-void CVBookmarkManager::bookmarksRequestFinished() {}
+void CVBookmarkManager::requestServerBookmarks()
+{
+    m_pendingRequest = QSharedPointer<CVBookmarksRequest>(new CVBookmarksRequest(m_connector));
+    connect(m_pendingRequest.data(), &HRequest::requestFinished, this,
+            &CVBookmarkManager::bookmarksRequestFinished);
+    m_connector->server()->addRequestToQueue(m_pendingRequest);
+}
+
+void CVBookmarkManager::bookmarksRequestFinished()
+{
+    if (!m_pendingRequest)
+        return;
+    if (m_pendingRequest->isSuccessful())
+        importFolders(m_pendingRequest->folders());
+    m_pendingRequest.reset();
+}
 
 void CVBookmarkManager::importFolders(const QList<BookmarkItem *> &folders)
 {

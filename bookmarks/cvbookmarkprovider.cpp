@@ -2,8 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "bookmarks/cvbookmarkprovider.h"
 
+#include "bookmarks/cvaddbookmarksdialog.h"
 #include "bookmarks/cvbookmarkmanager.h"
 #include "connector/cvconnectorplugin.h"
+
+#include <halvora/core.h>
+#include <halvora/mainwindow.h>
 
 CVBookmarkProvider::CVBookmarkProvider(CVBookmarkManager *model, CVConnectorPlugin *plugin)
     : BookmarkProvider(model)
@@ -29,12 +33,14 @@ QStringList CVBookmarkProvider::recommendedNewsgroups() const
     return {};
 }
 
-// There is no window yet that asks where the bookmarks go.
 void CVBookmarkProvider::addBookmarks(const QStringList &newsgroups)
 {
-    Q_UNUSED(newsgroups)
-    Q_UNUSED(m_model)
-    Q_UNUSED(m_plugin)
+    if (newsgroups.isEmpty())
+        return;
+    auto *dialog = new CVAddBookmarksDialog(m_model, m_plugin->core()->mainWindow());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setNewsgroups(newsgroups);
+    dialog->setVisible(true);
 }
 
 void CVBookmarkProvider::refresh() {}

@@ -4,6 +4,7 @@
 
 #include "bookmarks/cvbookmarkmanager.h"
 #include "bookmarks/cvbookmarkprovider.h"
+#include "bookmarks/cvbookmarkstoolwidget.h"
 #include "panels/cvinfotoolwidget.h"
 #include "plugin/constants.h"
 #include "requests/cvcontext.h"
@@ -71,6 +72,8 @@ void CVConnectorPlugin::init(Benchmark &benchmark)
 void CVConnectorPlugin::polish(MainWindow *window)
 {
     ConnectorPlugin::polish(window);
+    m_bookmarksPanel = new CVBookmarksToolWidget(m_bookmarkManager, this, window);
+    window->addToolWidget(Qt::LeftDockWidgetArea, m_bookmarksPanel);
     m_infoPanel = new CVInfoToolWidget(window, this, findStatsPlugin());
     window->addToolWidget(Qt::BottomDockWidgetArea, m_infoPanel);
 }

@@ -3,16 +3,20 @@
 #pragma once
 
 #include <halvora/connectorplugin.h>
+#include <halvora/hindex.h>
 
 #include <QPointer>
 #include <QSharedPointer>
 
+class BookmarkItem;
 class CVBookmarkManager;
+class CVBookmarksToolWidget;
 class CVInfoToolWidget;
 class CVLoginRequest;
 class CVStatusRequest;
 class HAboutDialog;
 class HRequest;
+class Newsgroup;
 class QTimer;
 class StatsPlugin;
 
@@ -48,6 +52,11 @@ public:
     QList<HServerAddress> serverAddresses() const override;
     bool addressFlag() const override;
 
+    /// Opens the newsgroup of @p bookmark; nothing for a folder.
+    void showNewsgroup(const BookmarkItem &bookmark);
+    /// Opens @p newsgroups together under @p title, if at least one of them is for files.
+    void showNewsgroups(const QString &title, const QList<Newsgroup> &newsgroups, HIndex::MediaFacet facet);
+
 Q_SIGNALS:
     void statsRequested();
 
@@ -67,8 +76,9 @@ private:
     QTimer *m_statusTimer;
     CVBookmarkManager *m_bookmarkManager = nullptr; ///< a child, made by init()
     QAction *m_aboutAction;
-    QPointer<CVInfoToolWidget> m_infoPanel; ///< the main window's
-    QPointer<HAboutDialog> m_aboutDialog;   ///< deletes itself on close
+    QPointer<CVBookmarksToolWidget> m_bookmarksPanel; ///< the main window's
+    QPointer<CVInfoToolWidget> m_infoPanel;           ///< the main window's
+    QPointer<HAboutDialog> m_aboutDialog;             ///< deletes itself on close
     // The raw pointers say that a request is in flight; the server's queue holds further references.
     CVLoginRequest *m_loginRequest = nullptr;
     QSharedPointer<HRequest> m_loginReference;

@@ -2,16 +2,28 @@
 // SPDX-License-Identifier: MIT
 #include "connector/cvconnectorplugin.h"
 
+#include "bookmarks/bookmarkitem.h"
 #include "plugin/constants.h"
 
 #include <halvora/core.h>
 #include <halvora/haboutdialog.h>
 #include <halvora/hpixmaps.h>
 #include <halvora/mainwindow.h>
+#include <halvora/newsgroup.h>
 
 #include <QAction>
 #include <QCoreApplication>
 #include <QFile>
+
+#include <algorithm>
+
+namespace {
+
+// The program names its views and facets; these are the ones it starts with.
+constexpr auto plainView = HIndex::MediaView(0);
+constexpr auto plainFacet = HIndex::MediaFacet(0);
+
+} // namespace
 
 QAction *CVConnectorPlugin::aboutAction() const
 {
@@ -116,4 +128,18 @@ void CVConnectorPlugin::showControlPanel()
     const UrlInfo url = core()->url(constants::linkControlPanel);
     if (!url.isNull())
         openUrl(url);
+}
+
+void CVConnectorPlugin::showNewsgroup(const BookmarkItem &bookmark)
+{
+    if (!bookmark.isFolder())
+        showNewsgroupPanel(Newsgroup(bookmark.name()), plainView, plainFacet);
+}
+
+void CVConnectorPlugin::showNewsgroups(const QString &title, const QList<Newsgroup> &newsgroups,
+                                       HIndex::MediaFacet facet)
+{
+    const auto isBinary = [](const Newsgroup &newsgroup) { return newsgroup.isBinary(); };
+    if (std::any_of(newsgroups.cbegin(), newsgroups.cend(), isBinary))
+        showNewsgroupPanel(title, newsgroups, plainView, facet);
 }

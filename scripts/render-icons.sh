@@ -34,6 +34,8 @@ folder() { # colour's name, front, outline, upper edge of the front
     mkdir -p "$into/resources/bookmarks"
     sed -e "s/@BODY@/$2/; s/@EDGE@/$3/; s/@SHINE@/$4/" resources/bookmarks/folder.svg.in >"$into/$drawing"
     made+=("$drawing")
+    render "$into/$drawing" "${drawing%.svg}.png" 16 16
+    render "$into/$drawing" "${drawing%.svg}@2x.png" 32 32
 }
 
 for size in 16 32 48 64 128 256; do

@@ -42,6 +42,12 @@ struct AccountStatus {
     std::optional<std::int64_t> usageMinutesAgo; ///< Told as the time that many minutes before the reply.
 };
 
+/// A folder of bookmarks as a new client is given it.
+struct BookmarkFolder {
+    std::string name; ///< Never empty.
+    std::vector<std::string> newsgroups;
+};
+
 /// One account as the scenario describes it.
 struct Account {
     std::string user;
@@ -52,6 +58,7 @@ struct Account {
     std::vector<NewsServer> servers; ///< Empty: the service's own two NNTP ports.
     std::vector<Link> links;
     std::optional<SoftwareUpdate> update;
+    std::vector<BookmarkFolder> bookmarks;
     AccountStatus status;
 };
 

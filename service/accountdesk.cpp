@@ -31,11 +31,14 @@ std::string AccountDesk::answer(const AccountRequest &request, const Fault &faul
     if (!request.problem.empty()) {
         return errorReply("request", request.problem);
     }
+    if (fault.kind == Fault::Kind::Element) {
+        return literalReply(fault.text);
+    }
     if (request.name == "login") {
         const bool refused = fault.kind == Fault::Kind::RefuseLogin;
         return refused ? errorReply("credentials", fault.text) : answerLogin(request);
     }
-    return answerStatus(request);
+    return answerInSession(request);
 }
 
 std::string AccountDesk::answerLogin(const AccountRequest &request)
@@ -48,13 +51,13 @@ std::string AccountDesk::answerLogin(const AccountRequest &request)
     return loginReply(*book_.account(request.userName), word, autoSearchInterval_, ownServers_);
 }
 
-std::string AccountDesk::answerStatus(const AccountRequest &request) const
+std::string AccountDesk::answerInSession(const AccountRequest &request) const
 {
     const std::optional<Account> account = book_.accountOfSession(request.session);
     if (!account) {
         return errorReply("session", "The session is unknown or has ended; please log in again.");
     }
-    return statusReply(account->status);
+    return request.name == "bookmarks" ? bookmarksReply(account->bookmarks) : statusReply(account->status);
 }
 
 } // namespace corvia

@@ -113,4 +113,23 @@ std::string statusReply(const AccountStatus &status)
     return writer.finish();
 }
 
+std::string bookmarksReply(const std::vector<BookmarkFolder> &folders)
+{
+    XmlWriter writer = startedReply();
+    writer.open("bookmarks");
+    for (const BookmarkFolder &folder : folders) {
+        writer.open("folder").open("name").text(folder.name).close();
+        for (const std::string &newsgroup : folder.newsgroups) {
+            writer.open("newsgroup").text(newsgroup).close();
+        }
+        writer.close();
+    }
+    return writer.finish();
+}
+
+std::string literalReply(const std::string &content)
+{
+    return startedReply().markup(content).finish();
+}
+
 } // namespace corvia

@@ -9,7 +9,7 @@
 
 namespace corvia {
 
-// The reply documents. They are valid by the reply schema whatever the scenario says.
+// The reply documents. All but the literal one are valid by the reply schema whatever the scenario says.
 
 /// `code` is credentials, session, request or unavailable; `sentence` is for people.
 std::string errorReply(const std::string &code, const std::string &sentence);
@@ -19,5 +19,11 @@ std::string loginReply(const Account &account, const std::string &sessionWord, i
                        const std::vector<NewsServer> &ownServers);
 
 std::string statusReply(const AccountStatus &status);
+
+/// Every folder is told with its name: a client cannot do anything with one that has none.
+std::string bookmarksReply(const std::vector<BookmarkFolder> &folders);
+
+/// A reply whose content is `content` as it is, valid or not.
+std::string literalReply(const std::string &content);
 
 } // namespace corvia

@@ -17,6 +17,7 @@ bool faultKindFromName(const std::string &name, Fault::Kind *kind)
         {"header-flood", Fault::Kind::HeaderFlood},
         {"status", Fault::Kind::Status},
         {"body", Fault::Kind::Body},
+        {"element", Fault::Kind::Element},
         {"truncate", Fault::Kind::Truncate},
         {"close", Fault::Kind::Close},
         {"redirect", Fault::Kind::Redirect},

@@ -18,6 +18,7 @@ struct Fault {
         HeaderFlood, ///< A status line and then header lines without end.
         Status,      ///< The correct reply under the HTTP status `number`.
         Body,        ///< Status 200 with `text` as the body.
+        Element,     ///< Status 200 with a reply whose content is `text` instead of the correct element.
         Truncate,    ///< The whole body is announced and half of it sent, then the connection closes.
         Close,       ///< The connection closes without an answer.
         Redirect,    ///< Status `number` (302 when 0) with `text` as the Location.

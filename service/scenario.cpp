@@ -50,6 +50,42 @@ std::vector<Link> readLinks(const ScenarioNode &node)
     return links;
 }
 
+// A client is never told of a folder or newsgroup without a name, so a scenario has none either.
+std::string nameOfBookmark(const ScenarioNode &node)
+{
+    node.allowAttributes({"name"});
+    const std::string name = node.text("name");
+    if (name.find_first_not_of(" \t\r\n") == std::string::npos) {
+        node.fail("a " + node.name() + " among the bookmarks has a name");
+    }
+    return name;
+}
+
+BookmarkFolder readFolder(const ScenarioNode &node)
+{
+    BookmarkFolder folder;
+    folder.name = nameOfBookmark(node);
+    for (const ScenarioNode &child : node.children()) {
+        if (child.name() != "newsgroup") {
+            child.failAsUnknown();
+        }
+        folder.newsgroups.push_back(nameOfBookmark(child));
+    }
+    return folder;
+}
+
+std::vector<BookmarkFolder> readBookmarks(const ScenarioNode &node)
+{
+    std::vector<BookmarkFolder> folders;
+    for (const ScenarioNode &child : node.children()) {
+        if (child.name() != "folder") {
+            child.failAsUnknown();
+        }
+        folders.push_back(readFolder(child));
+    }
+    return folders;
+}
+
 void readUsage(const ScenarioNode &node, AccountStatus *status)
 {
     node.allowAttributes({"max-connections", "billing-bytes", "mtd-bytes", "usage-updated-minutes-ago"});
@@ -96,6 +132,8 @@ Account readAccount(const ScenarioNode &node)
         } else if (child.name() == "software-update") {
             child.allowAttributes({"version", "url"});
             account.update = SoftwareUpdate{child.text("version"), child.text("url"), child.content()};
+        } else if (child.name() == "bookmarks") {
+            account.bookmarks = readBookmarks(child);
         } else if (child.name() == "status") {
             account.status = readStatus(child);
         } else {

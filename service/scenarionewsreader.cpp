@@ -12,9 +12,9 @@ namespace corvia {
 
 namespace {
 
-std::string dateHoursAgo(std::int64_t hours)
+std::string dateMinutesAgo(std::int64_t minutes)
 {
-    const std::time_t time = std::time(nullptr) - static_cast<std::time_t>(hours) * 3600;
+    const std::time_t time = std::time(nullptr) - static_cast<std::time_t>(minutes) * 60;
     std::tm utc = {};
     ::gmtime_r(&time, &utc);
     char text[64];
@@ -68,23 +68,102 @@ std::vector<std::string> headerOf(const Article &article, const std::string &gro
     return header;
 }
 
+// The first `count` lines of a text that begins again whenever it ends.
+std::vector<std::string> repeated(const std::vector<std::string> &lines, std::int64_t count)
+{
+    std::vector<std::string> result;
+    for (std::int64_t i = 0; i < count && !lines.empty(); ++i) {
+        result.push_back(lines[static_cast<std::size_t>(i) % lines.size()]);
+    }
+    return result;
+}
+
+// What an article's element says, but for its number and date.
+Article readContent(const ScenarioNode &node)
+{
+    Article article;
+    article.id = "<" + node.text("id") + ">";
+    article.from = node.text("from");
+    article.subject = node.text("subject");
+    const auto answered = node.optionalText("answers");
+    article.references = answered ? "<" + *answered + ">" : std::string();
+    article.body = linesOf(node.content());
+    return article;
+}
+
 Article readArticle(const ScenarioNode &node, const std::string &group, long nextNumber)
 {
     node.allowAttributes({"id", "number", "from", "subject", "date", "hours-ago", "answers"});
-    Article article;
-    article.id = "<" + node.text("id") + ">";
+    Article article = readContent(node);
     article.number = static_cast<long>(node.number("number", nextNumber));
     if (article.number < nextNumber) {
         node.fail("article numbers have to rise");
     }
-    article.from = node.text("from");
-    article.subject = node.text("subject");
-    article.date = node.text("date", dateHoursAgo(node.number("hours-ago", 0)));
-    const auto answered = node.optionalText("answers");
-    article.references = answered ? "<" + *answered + ">" : std::string();
+    article.date = node.text("date", dateMinutesAgo(node.number("hours-ago", 0) * 60));
     article.header = headerOf(article, group);
-    article.body = linesOf(node.content());
     return article;
+}
+
+// The text with its place in the series wherever it has "{n}".
+std::string placed(std::string text, std::int64_t place)
+{
+    const std::string mark = "{n}";
+    const std::string number = std::to_string(place);
+    for (std::size_t at = text.find(mark); at != std::string::npos;
+         at = text.find(mark, at + number.size())) {
+        text.replace(at, mark.size(), number);
+    }
+    return text;
+}
+
+std::vector<Article> readPatterns(const ScenarioNode &node)
+{
+    std::vector<Article> patterns;
+    for (const ScenarioNode &child : node.children()) {
+        if (child.name() != "article") {
+            child.failAsUnknown();
+        }
+        child.allowAttributes({"id", "from", "subject", "lines"});
+        patterns.push_back(readContent(child));
+        std::vector<std::string> &body = patterns.back().body;
+        body = repeated(body, child.number("lines", static_cast<std::int64_t>(body.size())));
+    }
+    if (patterns.empty()) {
+        node.fail("a series has at least one article");
+    }
+    return patterns;
+}
+
+// The patterns take turns until there are `count` articles, the last one the newest.
+std::vector<Article> readSeries(const ScenarioNode &node, const std::string &group, long nextNumber)
+{
+    node.allowAttributes({"count", "minutes-ago", "minutes-apart"});
+    const std::vector<Article> patterns = readPatterns(node);
+    const std::int64_t count = node.number("count");
+    const std::int64_t newest = node.number("minutes-ago", 0);
+    const std::int64_t apart = node.number("minutes-apart", 60);
+    std::vector<Article> articles;
+    for (std::int64_t place = 1; place <= count; ++place) {
+        Article article = patterns[static_cast<std::size_t>(place - 1) % patterns.size()];
+        article.number = nextNumber + static_cast<long>(place) - 1;
+        article.id = placed(article.id, place);
+        article.subject = placed(article.subject, place);
+        article.date = dateMinutesAgo(newest + (count - place) * apart);
+        article.header = headerOf(article, group);
+        articles.push_back(article);
+    }
+    return articles;
+}
+
+std::vector<Article> readArticles(const ScenarioNode &node, const std::string &group, long nextNumber)
+{
+    if (node.name() == "series") {
+        return readSeries(node, group, nextNumber);
+    }
+    if (node.name() != "article") {
+        node.failAsUnknown();
+    }
+    return {readArticle(node, group, nextNumber)};
 }
 
 Newsgroup readGroup(const ScenarioNode &node, std::set<std::string> *ids)
@@ -96,13 +175,12 @@ Newsgroup readGroup(const ScenarioNode &node, std::set<std::string> *ids)
     group.posting = node.text("posting", "n");
     group.first = static_cast<long>(node.number("first", 1));
     for (const ScenarioNode &child : node.children()) {
-        if (child.name() != "article") {
-            child.failAsUnknown();
-        }
         const long next = group.articles.empty() ? group.first : group.articles.back().number + 1;
-        group.articles.push_back(readArticle(child, group.name, next));
-        if (!ids->insert(group.articles.back().id).second) {
-            child.fail("there are two articles " + group.articles.back().id);
+        for (Article &article : readArticles(child, group.name, next)) {
+            if (!ids->insert(article.id).second) {
+                child.fail("there are two articles " + article.id);
+            }
+            group.articles.push_back(std::move(article));
         }
     }
     return group;

@@ -66,6 +66,13 @@ XmlWriter &XmlWriter::text(const std::string &text)
     return *this;
 }
 
+XmlWriter &XmlWriter::markup(const std::string &markup)
+{
+    endStartTag();
+    document_ += markup;
+    return *this;
+}
+
 XmlWriter &XmlWriter::close()
 {
     if (inStartTag_) {

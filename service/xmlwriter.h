@@ -19,6 +19,8 @@ public:
     XmlWriter &attribute(const std::string &name, const std::string &value);
     XmlWriter &attribute(const std::string &name, std::int64_t value);
     XmlWriter &text(const std::string &text);
+    /// Takes `markup` as it is: the one text that may spoil the document.
+    XmlWriter &markup(const std::string &markup);
     XmlWriter &close();
     /// Closes whatever is open and answers the document.
     std::string finish();

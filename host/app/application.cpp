@@ -146,7 +146,7 @@ void Application::polishPlugins()
     m_window->setWindowTitle(m_provider->windowTitle());
     m_window->setAboutAction(m_provider->aboutAction());
     if (QWidget *home = m_provider->homeWidget())
-        m_window->setCentralWidget(home);
+        m_window->setHomePage(home);
     m_login = std::make_unique<LoginController>(m_provider->connectorPlugin(), m_window.get());
 }
 

@@ -117,6 +117,15 @@ public:
     void resetSettings() override {}
 };
 
+/// How often the service was asked to log somebody in.
+int loginCount(RunningProgram &program)
+{
+    const std::vector<std::string> requests = program.service().requests();
+    return int(std::count_if(requests.cbegin(), requests.cend(), [](const std::string &request) {
+        return request.find("<login>") != std::string::npos;
+    }));
+}
+
 corvia::Fault fault(corvia::Fault::Kind kind, int number = 0)
 {
     corvia::Fault result;
@@ -177,7 +186,7 @@ void TestApplication::cancellingTheDialogCancelsTheLogin()
     // Nothing of it comes back; the next login is the person's own.
     program.logIn(demo(), rightPassword());
     QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
-    QCOMPARE(program.service().requests().size(), size_t(2));
+    QCOMPARE(loginCount(program), 2);
     program.close();
 }
 
@@ -190,13 +199,13 @@ void TestApplication::theNewsServersOwnReplyIsShown()
     QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
     program.close();
 
-    const size_t before = program.service().requests().size();
+    const int before = loginCount(program);
     program.open();
     program.logIn(demo(), QStringLiteral("wrong"));
     QTRY_VERIFY(program.find<QLabel>("reply"));
     QTRY_VERIFY(program.find<QLabel>("reply")->isVisible());
     QVERIFY(program.find<QLabel>("reply")->text().startsWith(QLatin1String("481")));
-    QCOMPARE(program.service().requests().size(), before); // the service never saw that password
+    QCOMPARE(loginCount(program), before); // the service never saw that password
     program.close();
 }
 
@@ -365,7 +374,7 @@ void TestApplication::aSecondProviderIsLeftOut()
     RunningProgram program;
     program.open(folder.path());
     QVERIFY(statusBarSays(program.window(), QStringLiteral("The plug-in two.so was left out")));
-    QCOMPARE(program.window().findChildren<QDockWidget *>().size(), 1);
+    QCOMPARE(program.window().findChildren<QDockWidget *>(QStringLiteral("InfoToolWidget")).size(), 1);
     QCOMPARE(program.application().connectorPlugin()->configName(), QStringLiteral("one"));
     program.close();
 }

@@ -22,6 +22,7 @@ class TestHeartbeat : public QObject {
 private Q_SLOTS:
     void theWindowAnswersWhateverTheServiceDoes_data();
     void theWindowAnswersWhateverTheServiceDoes();
+    void theWindowAnswersWhileAFolderHasNoName();
     void theWindowAnswersWhileNewsServersHang();
     void theWindowClosesWhileNewsServersHang();
 };
@@ -102,6 +103,28 @@ void TestHeartbeat::theWindowAnswersWhateverTheServiceDoes()
     const bool good = whatHappens.kind == corvia::Fault::Kind::None;
     QCOMPARE(program.server().connectorState(), good ? HServer::Connected : HServer::ServiceLost);
     program.close();
+}
+
+// The one that reads the reply stays there until it is interrupted.
+void TestHeartbeat::theWindowAnswersWhileAFolderHasNoName()
+{
+    RunningProgram program;
+    program.open();
+    corvia::Fault nameless = fault(corvia::Fault::Kind::Element, 0,
+                                   "<bookmarks><folder><newsgroup>a.b</newsgroup></folder></bookmarks>");
+    nameless.request = "bookmarks";
+    program.service().setFault(nameless);
+    program.logIn(QStringLiteral("demo"), QStringLiteral("pinegate"));
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    QTRY_COMPARE(program.service().requests().size(), size_t(2));
+    const Heartbeat heartbeat;
+    QTRY_VERIFY(heartbeat.beats() > 20);
+    qInfo("longest gap %.1f ms in %d beats", heartbeat.longestGap(), heartbeat.beats());
+    QElapsedTimer timer;
+    timer.start();
+    program.close();
+    qInfo("closed after %lld ms", timer.elapsed());
+    QVERIFY(timer.elapsed() < 30'000);
 }
 
 void TestHeartbeat::theWindowAnswersWhileNewsServersHang()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "bookmarkstore.h"
 #include "statementlog.h"
+#include "words.h"
 
 #include "bookmarks/bookmarkitem.h"
 #include "bookmarks/cvbookmarkprovider.h"
@@ -18,16 +19,6 @@
 #include <sqlite3.h>
 
 namespace {
-
-QStringList words(const char *text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
-QStringList rows(const char *text)
-{
-    return QString::fromLatin1(text).split(QStringLiteral(", "), Qt::SkipEmptyParts);
-}
 
 const QString top = QStringLiteral("NULL");
 

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkstore.h"
+#include "words.h"
 
 #include "bookmarks/bookmarkitem.h"
 #include "bookmarks/cvbookmarkprovider.h"
+#include "connector/cvconnectorplugin.h"
 
 #include <QIcon>
 #include <QMetaMethod>
@@ -11,14 +13,11 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <limits>
+
 namespace {
 
 const QString group = QStringLiteral("alt.binaries.pictures.nature");
-
-QStringList words(const char *text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
 
 } // namespace
 
@@ -40,27 +39,9 @@ private Q_SLOTS:
     void aBookmarkMayBeRenamedByTheModel();
     void renamingIsRefused_data();
     void renamingIsRefused();
-    void aNewFolderIsFirstInAFolderAndLastAtTheTop();
-    void aFolderIsNotAddedBelowABookmark();
-    void bookmarksGoFirstIntoAFolder();
-    void bookmarksGoBehindTheChosenOne();
-    void bookmarksBesideOneAtTheTopAreNotAdded();
-    void bookmarksAtTheTopAreAnnouncedFirstAndAppended();
-    void noBookmarksAreNotAnnounced();
-    void aNewsgroupMayBeBookmarkedTwice();
-    void removingAFolderRemovesWhatIsInIt();
-    void aRemovedFolderIsNoNewsgroup();
-    void removingNothingDoesNothing();
-    void aRefusedColourStillSavesAndTells();
-    void bookmarksAreColouredLikeFolders();
-    void onlyFoldersAreExpandedAndNobodyIsTold();
-    void expandedFoldersOrElseTheFirstTwo_data();
-    void expandedFoldersOrElseTheFirstTwo();
-    void nestedFoldersDoNotCountAsExpanded();
     void removingRowsLeavesTheFileAlone();
     void rowsThatThereAreNotAreNotRemoved_data();
     void rowsThatThereAreNotAreNotRemoved();
-    void anImportAppendsFoldersInOneTransaction();
     void theConnectorsStateChangesNothingYet();
 };
 
@@ -217,6 +198,22 @@ void TestCVBookmarkManager::foldersAndBookmarksAllowDifferentThings()
              always | Qt::ItemIsDragEnabled | Qt::ItemIsEditable | Qt::ItemIsDropEnabled);
 }
 
+// No view asks for them, as there is one column.
+void TestCVBookmarkManager::otherColumnsShowNothing()
+{
+    BookmarkStore store;
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    for (const int column : {1, 2, 3}) {
+        const QModelIndex beside = store.model().createIndex(0, column, folder.internalPointer());
+        QVERIFY(!beside.data(Qt::DisplayRole).isValid());
+        QVERIFY(!beside.data(Qt::DecorationRole).isValid());
+        QCOMPARE(beside.data(Qt::EditRole).toString(), QStringLiteral("f"));
+        QCOMPARE(beside.data(Qt::ToolTipRole).toString(), QStringLiteral("f"));
+        QCOMPARE(beside.data(Qt::TextAlignmentRole), column < 3 ? QVariant(130) : QVariant());
+        QCOMPARE(store.model().flags(beside), Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+    }
+}
+
 void TestCVBookmarkManager::renamingStoresAndTells()
 {
     BookmarkStore store;
@@ -240,22 +237,6 @@ void TestCVBookmarkManager::aBookmarkMayBeRenamedByTheModel()
     QVERIFY(store.model().setData(store.at({0, 0}), QStringLiteral("alt.test")));
     QCOMPARE(store.rows().at(1).at(3), QStringLiteral("alt.test"));
     QVERIFY(store.model().provider()->isBookmarked(group)); // until the next load
-}
-
-// No view asks for them, as there is one column.
-void TestCVBookmarkManager::otherColumnsShowNothing()
-{
-    BookmarkStore store;
-    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
-    for (const int column : {1, 2, 3}) {
-        const QModelIndex beside = store.model().createIndex(0, column, folder.internalPointer());
-        QVERIFY(!beside.data(Qt::DisplayRole).isValid());
-        QVERIFY(!beside.data(Qt::DecorationRole).isValid());
-        QCOMPARE(beside.data(Qt::EditRole).toString(), QStringLiteral("f"));
-        QCOMPARE(beside.data(Qt::ToolTipRole).toString(), QStringLiteral("f"));
-        QCOMPARE(beside.data(Qt::TextAlignmentRole), column < 3 ? QVariant(130) : QVariant());
-        QCOMPARE(store.model().flags(beside), Qt::ItemIsSelectable | Qt::ItemIsEnabled);
-    }
 }
 
 void TestCVBookmarkManager::renamingIsRefused_data()
@@ -283,235 +264,6 @@ void TestCVBookmarkManager::renamingIsRefused()
     QCOMPARE(changed.count(), 0);
     QCOMPARE(folder.data().toString(), QStringLiteral("old"));
     QCOMPARE(store.rows(), before);
-}
-
-void TestCVBookmarkManager::aNewFolderIsFirstInAFolderAndLastAtTheTop()
-{
-    BookmarkStore store;
-    store.check();
-    const QModelIndex outer = store.addFolder(QStringLiteral("outer"));
-    store.addFolder(QStringLiteral("second"));
-    store.model().addBookmarks({group}, outer);
-    const QModelIndex inner = store.model().addFolder(outer);
-    QCOMPARE(inner, store.at({0, 0}));
-    QCOMPARE(store.names(outer), (QStringList{QStringLiteral("New Folder"), group}));
-    QCOMPARE(store.names(), words("outer second"));
-    QCOMPARE(store.orders(QStringLiteral("1")),
-             (QStringList{QStringLiteral("New Folder 0"), group + QStringLiteral(" 1")}));
-    QCOMPARE(store.orders(QStringLiteral("NULL")),
-             (QStringList{QStringLiteral("outer 0"), QStringLiteral("second 1")}));
-}
-
-void TestCVBookmarkManager::aFolderIsNotAddedBelowABookmark()
-{
-    BookmarkStore store;
-    store.check();
-    store.model().addBookmarks({group}, store.addFolder(QStringLiteral("f")));
-    const QVector<BookmarkRow> before = store.rows();
-    QSignalSpy inserted(&store.model(), &QAbstractItemModel::rowsInserted);
-    QVERIFY(!store.model().addFolder(store.at({0, 0})).isValid());
-    QCOMPARE(inserted.count(), 0);
-    QCOMPARE(store.rows(), before);
-}
-
-void TestCVBookmarkManager::bookmarksGoFirstIntoAFolder()
-{
-    BookmarkStore store;
-    store.check();
-    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
-    store.model().addBookmarks(words("c"), folder);
-    QSignalSpy inserted(&store.model(), &QAbstractItemModel::rowsInserted);
-    store.model().addBookmarks(words("a b"), folder);
-    QCOMPARE(inserted.count(), 1);
-    QCOMPARE(inserted.first().mid(1), (QVariantList{0, 1}));
-    QCOMPARE(store.names(folder), words("a b c"));
-    QCOMPARE(store.orders(QStringLiteral("1")),
-             (QStringList{QStringLiteral("a 0"), QStringLiteral("b 1"), QStringLiteral("c 2")}));
-}
-
-void TestCVBookmarkManager::bookmarksGoBehindTheChosenOne()
-{
-    BookmarkStore store;
-    store.check();
-    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
-    store.model().addBookmarks(words("a b c d"), folder);
-    QSignalSpy inserted(&store.model(), &QAbstractItemModel::rowsInserted);
-    store.model().addBookmarks(words("x y"), store.at({0, 2}));
-    QCOMPARE(inserted.first().at(0).toModelIndex(), folder);
-    QCOMPARE(inserted.first().mid(1), (QVariantList{3, 4}));
-    QCOMPARE(store.names(folder), words("a b c x y d"));
-}
-
-void TestCVBookmarkManager::bookmarksBesideOneAtTheTopAreNotAdded()
-{
-    BookmarkStore store;
-    store.model().addBookmarks(words("top"), QModelIndex());
-    store.check();
-    const QVector<BookmarkRow> before = store.rows();
-    store.model().addBookmarks(words("x"), store.at({0}));
-    QCOMPARE(store.rows(), before);
-    QCOMPARE(store.names(), words("top"));
-}
-
-// No model tester here: it objects to announcing the first rows and adding the last ones.
-void TestCVBookmarkManager::bookmarksAtTheTopAreAnnouncedFirstAndAppended()
-{
-    BookmarkStore store;
-    store.addFolder(QStringLiteral("f"));
-    QSignalSpy inserted(&store.model(), &QAbstractItemModel::rowsInserted);
-    store.model().addBookmarks(words("x y"), QModelIndex());
-    QCOMPARE(inserted.count(), 1);
-    QVERIFY(!inserted.first().at(0).toModelIndex().isValid());
-    QCOMPARE(inserted.first().mid(1), (QVariantList{0, 1}));
-    QCOMPARE(store.names(), words("f x y"));
-    QCOMPARE(store.orders(QStringLiteral("NULL")),
-             (QStringList{QStringLiteral("f 0"), QStringLiteral("x 1"), QStringLiteral("y 2")}));
-}
-
-void TestCVBookmarkManager::noBookmarksAreNotAnnounced()
-{
-    BookmarkStore store;
-    store.check();
-    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
-    QSignalSpy inserted(&store.model(), &QAbstractItemModel::rowsAboutToBeInserted);
-    store.model().addBookmarks({}, folder);
-    store.model().addBookmarks({}, QModelIndex());
-    QCOMPARE(inserted.count(), 0);
-}
-
-void TestCVBookmarkManager::aNewsgroupMayBeBookmarkedTwice()
-{
-    BookmarkStore store;
-    store.check();
-    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
-    store.model().addBookmarks({group, group}, folder);
-    QCOMPARE(store.names(folder), (QStringList{group, group}));
-    QCOMPARE(store.model().provider()->bookmarkedNewsgroups().count(group), 2);
-    store.model().removeBookmark(store.at({0, 0}));
-    QVERIFY(store.model().provider()->isBookmarked(group));
-}
-
-void TestCVBookmarkManager::removingAFolderRemovesWhatIsInIt()
-{
-    BookmarkStore store;
-    store.check();
-    store.addFolder(QStringLiteral("stays"));
-    const QModelIndex outer = store.addFolder(QStringLiteral("outer"));
-    store.addFolder(QStringLiteral("inner"), outer);
-    store.model().addBookmarks(words("deep"), store.at({1, 0}));
-    QSignalSpy removed(&store.model(), &QAbstractItemModel::rowsRemoved);
-    store.model().removeBookmark(outer);
-    QCOMPARE(removed.count(), 1);
-    QCOMPARE(store.names(), words("stays"));
-    QCOMPARE(store.rows().size(), 1);
-    QVERIFY(!store.model().provider()->isBookmarked(QStringLiteral("deep")));
-}
-
-void TestCVBookmarkManager::aRemovedFolderIsNoNewsgroup()
-{
-    BookmarkStore store;
-    store.check();
-    store.model().addBookmarks({group}, store.addFolder(QStringLiteral("f")));
-    QSignalSpy removed(store.model().provider(), &BookmarkProvider::bookmarkRemoved);
-    store.model().removeBookmark(store.addFolder(group));
-    QCOMPARE(removed.count(), 0);
-    QVERIFY(store.model().provider()->isBookmarked(group));
-}
-
-void TestCVBookmarkManager::removingNothingDoesNothing()
-{
-    BookmarkStore store;
-    store.check();
-    store.addFolder(QStringLiteral("stays"));
-    QSignalSpy removed(&store.model(), &QAbstractItemModel::rowsAboutToBeRemoved);
-    store.model().removeBookmark(QModelIndex());
-    QCOMPARE(removed.count(), 0);
-    QCOMPARE(store.names(), words("stays"));
-}
-
-void TestCVBookmarkManager::aRefusedColourStillSavesAndTells()
-{
-    BookmarkStore store;
-    store.check();
-    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
-    store.model().setItemColor(folder, QStringLiteral("red"));
-    store.execute(QStringLiteral("UPDATE bookmarks SET bookmark_name='changed behind its back'"));
-    QSignalSpy changed(&store.model(), &QAbstractItemModel::dataChanged);
-    store.model().setItemColor(folder, QStringLiteral("purple"));
-    QCOMPARE(changed.count(), 1);
-    QVERIFY(changed.first().at(2).value<QVector<int>>().isEmpty());
-    QCOMPARE(store.rows().first().at(2), QStringLiteral("f"));
-    QCOMPARE(store.rows().first().at(4), QStringLiteral("red"));
-    store.model().setItemColor(QModelIndex(), QStringLiteral("blue"));
-    QCOMPARE(changed.count(), 1);
-}
-
-void TestCVBookmarkManager::bookmarksAreColouredLikeFolders()
-{
-    BookmarkStore store;
-    store.check();
-    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
-    store.model().addBookmarks({group}, folder);
-    QCOMPARE(store.rows().at(1).at(4), QStringLiteral("NULL"));
-    store.model().setItemColor(store.at({0, 0}), QStringLiteral("Orange"));
-    QCOMPARE(store.rows().at(1).at(4), QStringLiteral("orange"));
-    store.model().setItemColor(store.at({0, 0}), QStringLiteral(""));
-    QCOMPARE(store.rows().at(1).at(4), QString(QLatin1String("")));
-}
-
-void TestCVBookmarkManager::onlyFoldersAreExpandedAndNobodyIsTold()
-{
-    BookmarkStore store;
-    store.check();
-    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
-    store.model().addBookmarks({group}, folder);
-    QSignalSpy changed(&store.model(), &QAbstractItemModel::dataChanged);
-    store.model().setFolderExpanded(folder, true);
-    store.model().setFolderExpanded(store.at({0, 0}), true);
-    store.model().setFolderExpanded(QModelIndex(), true);
-    QCOMPARE(changed.count(), 0);
-    QCOMPARE(store.rows().at(0).at(5), QStringLiteral("1"));
-    QCOMPARE(store.rows().at(1).at(5), QStringLiteral("0"));
-    QVERIFY(!store.model().itemFromIndex(store.at({0, 0}))->isExpanded());
-    store.model().setFolderExpanded(folder, false);
-    QCOMPARE(store.rows().at(0).at(5), QStringLiteral("0"));
-}
-
-void TestCVBookmarkManager::expandedFoldersOrElseTheFirstTwo_data()
-{
-    QTest::addColumn<QVector<int>>("expanded");
-    QTest::addColumn<QVector<int>>("shown");
-    QTest::newRow("none") << QVector<int>{} << QVector<int>{0, 2};
-    QTest::newRow("the last") << QVector<int>{3} << QVector<int>{3};
-    QTest::newRow("two") << QVector<int>{2, 3} << QVector<int>{2, 3};
-}
-
-void TestCVBookmarkManager::expandedFoldersOrElseTheFirstTwo()
-{
-    QFETCH(QVector<int>, expanded);
-    BookmarkStore store;
-    store.addFolder(QStringLiteral("a"));
-    store.model().addBookmarks({group}, QModelIndex());
-    store.addFolder(QStringLiteral("b"));
-    store.addFolder(QStringLiteral("c"));
-    store.check();
-    for (const int row : expanded)
-        store.model().setFolderExpanded(store.at({row}), true);
-    QVector<int> shown;
-    const QModelIndexList indexes = store.model().expandedFolderIndexes();
-    for (const QModelIndex &index : indexes)
-        shown.append(index.row());
-    QTEST(shown, "shown");
-}
-
-void TestCVBookmarkManager::nestedFoldersDoNotCountAsExpanded()
-{
-    BookmarkStore store;
-    store.check();
-    QVERIFY(store.model().expandedFolderIndexes().isEmpty());
-    const QModelIndex outer = store.addFolder(QStringLiteral("outer"));
-    store.model().setFolderExpanded(store.addFolder(QStringLiteral("inner"), outer), true);
-    QCOMPARE(store.model().expandedFolderIndexes(), QModelIndexList{outer});
 }
 
 void TestCVBookmarkManager::removingRowsLeavesTheFileAlone()
@@ -554,40 +306,6 @@ void TestCVBookmarkManager::rowsThatThereAreNotAreNotRemoved()
     QVERIFY(!store.model().removeRows(row, count, folder));
     QCOMPARE(store.names(), words("f g"));
     QCOMPARE(store.names(folder), words("a b"));
-}
-
-void TestCVBookmarkManager::anImportAppendsFoldersInOneTransaction()
-{
-    BookmarkStore store;
-    store.check();
-    store.addFolder(QStringLiteral("old"));
-    store.model().addBookmarks(words("own"), store.at({0}));
-    BookmarkItem received(BookmarkKind::Folder, nullptr);
-    received.setName(QStringLiteral("News"));
-    for (const char *name : {"x", "y", "x"}) {
-        auto *child = new BookmarkItem(BookmarkKind::Bookmark, &received);
-        child->setName(QString::fromLatin1(name));
-        received.appendChild(child);
-    }
-    auto *nested = new BookmarkItem(BookmarkKind::Folder, &received);
-    nested->setName(QStringLiteral("nested"));
-    received.insertChild(1, nested);
-    BookmarkItem bare(BookmarkKind::Bookmark, nullptr);
-    bare.setName(QStringLiteral("bare"));
-    QSignalSpy reset(&store.model(), &QAbstractItemModel::modelReset);
-    store.model().importFolders({&bare, &received});
-    QCOMPARE(reset.count(), 1);
-    QCOMPARE(store.names(), words("old News"));
-    QCOMPARE(store.names(store.at({1})), words("x y x"));
-    QCOMPARE(store.orders(QStringLiteral("3")),
-             (QStringList{QStringLiteral("x 0"), QStringLiteral("y 1"), QStringLiteral("x 2")}));
-    QCOMPARE(store.orders(QStringLiteral("NULL")),
-             (QStringList{QStringLiteral("old 0"), QStringLiteral("News 1")}));
-    QCOMPARE(store.rows().at(2).mid(4),
-             (QStringList{QStringLiteral("NULL"), QStringLiteral("0"), QStringLiteral("1")}));
-    QCOMPARE(store.model().provider()->bookmarkedNewsgroups(), words("x y x"));
-    store.model().importFolders({});
-    QCOMPARE(reset.count(), 1);
 }
 
 void TestCVBookmarkManager::theConnectorsStateChangesNothingYet()

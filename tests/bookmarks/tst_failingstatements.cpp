@@ -3,7 +3,7 @@
 #include "bookmarkoperations.h"
 #include "bookmarkstore.h"
 #include "nthfault.h"
-#include "smalldisk.h"
+#include "obstacles.h"
 #include "sqlitefile.h"
 #include "statementfaults.h"
 #include "tests/support/sanitized.h"
@@ -244,9 +244,9 @@ void TestFailingStatements::theDiskMayBeFull_data()
 void TestFailingStatements::theDiskMayBeFull()
 {
     QFETCH(BookmarkOperation, operation);
-    SmallDisk disk;
-    if (!disk.trouble().isEmpty())
-        QSKIP(qPrintable(disk.trouble()));
+    const SmallDisk disk(256);
+    if (!disk.problem().isEmpty())
+        QSKIP(qPrintable(disk.problem()));
     const QByteArray folder = qgetenv("TMPDIR");
     qputenv("TMPDIR", QFile::encodeName(disk.path()));
     BookmarkStore store;
@@ -261,7 +261,7 @@ void TestFailingStatements::theDiskMayBeFull()
     store.leave();
     store.addFolder(QStringLiteral("no room"));
     QCOMPARE(store.rows(), before);
-    disk.release();
+    disk.empty();
     operation(store);
     QCOMPARE(troubleAfterwards(store), QString());
 }

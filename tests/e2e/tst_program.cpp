@@ -17,6 +17,7 @@ class TestProgram : public QObject {
 private Q_SLOTS:
     void initTestCase();
     void aPictureIsTakenAfterTheLogin();
+    void aFolderWithoutANameDoesNotKeepTheProgram();
     void aWrongPasswordEndsAPictureRunWithASentence();
     void helpAndVersionNeedNoDisplay_data();
     void helpAndVersionNeedNoDisplay();
@@ -88,6 +89,20 @@ void TestProgram::aPictureIsTakenAfterTheLogin()
     QVERIFY(picture.width() > 400 && picture.height() > 300);
     QVERIFY(!QFile::permissions(m_folder.filePath(QStringLiteral("aPictureIsTakenAfterTheLogin")))
                  .testFlag(QFile::ReadOther));
+}
+
+// The worker is still at the reply when the program ends.
+void TestProgram::aFolderWithoutANameDoesNotKeepTheProgram()
+{
+    corvia::Fault nameless;
+    nameless.kind = corvia::Fault::Kind::Element;
+    nameless.text = "<bookmarks><folder><name/></folder></bookmarks>";
+    nameless.request = "bookmarks";
+    m_service->setFault(nameless);
+    const Outcome outcome = run(arguments(), "pinegate\n");
+    m_service->setFault(corvia::Fault());
+    QVERIFY2(outcome.exitCode == 0, qPrintable(outcome.errors));
+    QVERIFY2(!outcome.errors.contains(QLatin1String("did not end in time")), qPrintable(outcome.errors));
 }
 
 void TestProgram::aWrongPasswordEndsAPictureRunWithASentence()

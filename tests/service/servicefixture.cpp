@@ -8,6 +8,10 @@ namespace {
 const char *const accounts = R"(
   <account user="ada" password="secret word">
     <links><link key="home" url="https://www.corvia.example/?a=1&amp;b=2"/></links>
+    <bookmarks>
+      <folder name="Dots &amp; &lt;dashes&gt;"><newsgroup name="misc.dots"/><newsgroup name="comp.gone"/></folder>
+      <folder name="Empty"/>
+    </bookmarks>
     <status supported="true" next-update-millis="300000">
       <plan name="Pinegate &quot;Small&quot; &lt;1&gt;"/>
       <nntp max-connections="8" billing-bytes="5000000000" mtd-bytes="12" usage-updated-minutes-ago="5"/>
@@ -90,6 +94,11 @@ std::string ServiceFixture::loginRequest(const std::string &user, const std::str
 std::string ServiceFixture::statusRequest(const std::string &session)
 {
     return R"(<request version="1" session=")" + session + "\"><status/></request>";
+}
+
+std::string ServiceFixture::bookmarksRequest(const std::string &session)
+{
+    return R"(<request version="1" session=")" + session + "\"><bookmarks/></request>";
 }
 
 std::string ServiceFixture::valueIn(const std::string &reply, const std::string &name)

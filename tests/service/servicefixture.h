@@ -8,8 +8,9 @@
 
 #include <string>
 
-/// A running service with a small scenario: `ada` has a plan, `bob` has servers and a newer client of his own
-/// but no status, `eve` is suspended and `kim`'s sessions end at once. All passwords are "secret word".
+/// A running service with a small scenario: `ada` has a plan and bookmarks, `bob` has servers and a newer
+/// client of his own but no status, `eve` is suspended and `kim`'s sessions end at once. All passwords are
+/// "secret word".
 class ServiceFixture {
 public:
     explicit ServiceFixture(const corvia::Options &options = corvia::Options(),
@@ -31,6 +32,7 @@ public:
     static std::string scenario(const std::string &extra = "");
     static std::string loginRequest(const std::string &user, const std::string &password = "secret word");
     static std::string statusRequest(const std::string &session);
+    static std::string bookmarksRequest(const std::string &session);
     /// The value of the first attribute `name` in a reply.
     static std::string valueIn(const std::string &reply, const std::string &name);
 

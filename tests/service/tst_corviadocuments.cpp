@@ -46,8 +46,8 @@ private Q_SLOTS:
                 ++replies;
             }
         }
-        QVERIFY(requests >= 2);
-        QVERIFY(replies >= 5);
+        QVERIFY(requests >= 3);
+        QVERIFY(replies >= 6);
     }
 
     void messagesMayHoldAnything()
@@ -67,6 +67,16 @@ private Q_SLOTS:
         QTest::newRow("no number") << "<reply version='1'><status next-update-millis='soon'/></reply>";
         QTest::newRow("negative") << "<reply version='1'><status><nntp mtd-bytes='-1'/></status></reply>";
         QTest::newRow("no flag") << "<reply version='1'><status supported='yes'/></reply>";
+        QTest::newRow("nameless folder") << "<reply version='1'><bookmarks><folder/></bookmarks></reply>";
+        QTest::newRow("blank folder")
+            << "<reply version='1'><bookmarks><folder><name> </name></folder></bookmarks></reply>";
+        QTest::newRow("two names") << "<reply version='1'><bookmarks><folder><name>a</name><name>b</name>"
+                                      "</folder></bookmarks></reply>";
+        QTest::newRow("empty newsgroup")
+            << "<reply "
+               "version='1'><bookmarks><folder><name>a</name><newsgroup/></folder></bookmarks></reply>";
+        QTest::newRow("newsgroup in no folder")
+            << "<reply version='1'><bookmarks><newsgroup>a.b</newsgroup></bookmarks></reply>";
         QTest::newRow("another version") << "<reply version='2'><success/></reply>";
     }
 

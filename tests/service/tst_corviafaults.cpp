@@ -45,6 +45,17 @@ private Q_SLOTS:
         QVERIFY(reply.seconds * 1000 >= static_cast<double>(reply.head.size() + reply.body.size()));
     }
 
+    void aLiteralElementTakesThePlaceOfTheReplysOwn()
+    {
+        ServiceFixture fixture;
+        const std::string word = fixture.logIn("ada");
+        const std::string element = "<bookmarks><folder><newsgroup>a.b</newsgroup></folder></bookmarks>";
+        fixture.setFault(Fault::Kind::Element, 0, element, "bookmarks");
+        const std::string body = fixture.post(ServiceFixture::bookmarksRequest(word)).body;
+        QVERIFY(holds(body, "<reply version=\"1\">" + element + "</reply>"));
+        QVERIFY(holds(fixture.post(ServiceFixture::statusRequest(word)).body, "<plan "));
+    }
+
     void aFloodHasAsManyBytesAsItIsToldAndNoEnd()
     {
         ServiceFixture fixture;

@@ -5,6 +5,7 @@
 #include "scenario.h"
 
 #include <QtTest>
+#include <set>
 
 /// What is read from a scenario and what is said about a bad one.
 class TestCorviaScenario : public QObject {
@@ -30,6 +31,23 @@ private Q_SLOTS:
         row("no port",
             "<account user='a' password='b'><servers><server host='a' port='0'/></servers></account>",
             "a port is a number from 1 to 65535");
+        row("nameless folder",
+            "<account user='a' password='b'><bookmarks><folder name=' '/></bookmarks></account>",
+            "a folder among the bookmarks has a name");
+        row("nameless newsgroup",
+            "<account user='a' password='b'><bookmarks><folder name='f'><newsgroup name=''/></folder>"
+            "</bookmarks></account>",
+            "a newsgroup among the bookmarks has a name");
+        row("bookmark in no folder",
+            "<account user='a' password='b'><bookmarks><newsgroup name='a'/></bookmarks></account>",
+            "<newsgroup> has no place here");
+        row("empty series", "<groups><group name='a'><series count='3'/></group></groups>",
+            "a series has at least one article");
+        row("the same id again",
+            "<groups><group name='a'><series count='2'><article id='x' from='y' "
+            "subject='z'/></series></group>"
+            "</groups>",
+            "there are two articles <x>");
         row("no fault", "<fault kind='earthquake'/>", "there is no fault \"earthquake\"");
         row("two groups", "<groups><group name='a'/><group name='a'/></groups>",
             "there are two groups \"a\"");
@@ -87,11 +105,57 @@ private Q_SLOTS:
         QCOMPARE(scenario.groups[0].articles[0].body, (std::vector<std::string>{"one", "", "  two"}));
     }
 
+    void aSeriesIsManyArticlesWhosePatternsTakeTurns()
+    {
+        corvia::Scenario scenario;
+        std::string why;
+        const std::string xml =
+            "<scenario version='1'><groups><group name='a' first='7'>"
+            "<article id='zero' from='f' subject='s'/>"
+            "<series count='3' minutes-apart='60'><article id='p{n}' from='f' subject='{n}, {n}' lines='3'>\n"
+            "one\ntwo\n</article><article id='q{n}' from='g' subject='other'>text</article></series>"
+            "</group></groups></scenario>";
+        QVERIFY2(corvia::readScenario(xml, &scenario, &why), why.c_str());
+        const std::vector<corvia::Article> &articles = scenario.groups[0].articles;
+        QCOMPARE(articles.size(), std::size_t(4));
+        QCOMPARE(articles[1].number, 8L);
+        QCOMPARE(articles[1].id, std::string("<p1>"));
+        QCOMPARE(articles[1].body, (std::vector<std::string>{"one", "two", "one"}));
+        QCOMPARE(articles[2].id, std::string("<q2>"));
+        QCOMPARE(articles[2].body, (std::vector<std::string>{"text"}));
+        QCOMPARE(articles[3].id, std::string("<p3>"));
+        QCOMPARE(articles[3].subject, std::string("3, 3"));
+        QCOMPARE(articles[3].number, 10L);
+        const auto timeOf = [](const corvia::Article &article) {
+            return QDateTime::fromString(QString::fromStdString(article.date), Qt::RFC2822Date);
+        };
+        QCOMPARE(qRound(timeOf(articles[1]).secsTo(timeOf(articles[3])) / 600.), 12);
+    }
+
+    void everyBookmarkOfTheDemoScenarioIsAGroup()
+    {
+        corvia::Scenario scenario;
+        std::string why;
+        QVERIFY2(corvia::readScenario(corvia::demoScenario(), &scenario, &why), why.c_str());
+        std::set<std::string> groups;
+        for (const corvia::Newsgroup &group : scenario.groups) {
+            groups.insert(group.name);
+        }
+        const std::vector<corvia::BookmarkFolder> &folders = scenario.accounts[0].bookmarks;
+        QCOMPARE(folders.size(), std::size_t(4));
+        for (const corvia::BookmarkFolder &folder : folders) {
+            QVERIFY(folder.newsgroups.size() >= 4);
+            for (const std::string &newsgroup : folder.newsgroups) {
+                QVERIFY2(groups.count(newsgroup) == 1, newsgroup.c_str());
+            }
+        }
+    }
+
     void everyFaultHasAName()
     {
         for (const char *name :
-             {"none", "stall", "drip", "flood", "header-flood", "status", "body", "truncate", "close",
-              "redirect", "encoding", "refuse-login", "forget-sessions", "delay"}) {
+             {"none", "stall", "drip", "flood", "header-flood", "status", "body", "element", "truncate",
+              "close", "redirect", "encoding", "refuse-login", "forget-sessions", "delay"}) {
             corvia::Fault::Kind kind;
             QVERIFY2(corvia::faultKindFromName(name, &kind), name);
         }
@@ -109,7 +173,7 @@ private Q_SLOTS:
             QVERIFY(!group.description.empty());
             articles += group.articles.size();
         }
-        QVERIFY(articles >= 15);
+        QVERIFY(articles >= 150);
     }
 };
 

@@ -84,6 +84,31 @@ private Q_SLOTS:
         QVERIFY(holds(body, "<reply version=\"1\"><status supported=\"false\"/></reply>"));
     }
 
+    void bookmarksTellTheFoldersAndTheirNewsgroupsInOrder()
+    {
+        ServiceFixture fixture;
+        const HttpsReply reply = fixture.post(ServiceFixture::bookmarksRequest(fixture.logIn("ada")));
+        QCOMPARE(reply.status, 200L);
+        QVERIFY(holds(reply.body, "<reply version=\"1\"><bookmarks>"
+                                  "<folder><name>Dots &amp; &lt;dashes&gt;</name>"
+                                  "<newsgroup>misc.dots</newsgroup><newsgroup>comp.gone</newsgroup></folder>"
+                                  "<folder><name>Empty</name></folder></bookmarks></reply>"));
+    }
+
+    void anAccountWithoutBookmarksHasNoFolders()
+    {
+        ServiceFixture fixture;
+        const std::string body = fixture.post(ServiceFixture::bookmarksRequest(fixture.logIn("bob"))).body;
+        QVERIFY(holds(body, "<reply version=\"1\"><bookmarks/></reply>"));
+    }
+
+    void bookmarksTakeASession()
+    {
+        ServiceFixture fixture;
+        const std::string body = fixture.post(ServiceFixture::bookmarksRequest("nonsense")).body;
+        QVERIFY(holds(body, "<error code=\"session\">"));
+    }
+
     void aChangedPlanIsToldFromThenOn()
     {
         ServiceFixture fixture;
@@ -141,7 +166,7 @@ private Q_SLOTS:
         QTest::newRow("no XML") << "hello";
         QTest::newRow("unfinished") << "<request version=\"1\">";
         QTest::newRow("another version") << R"(<request version="2" session="a"><status/></request>)";
-        QTest::newRow("unknown element") << R"(<request version="1" session="a"><bookmarks/></request>)";
+        QTest::newRow("unknown element") << R"(<request version="1" session="a"><folders/></request>)";
         QTest::newRow("two elements") << R"(<request version="1" session="a"><status/><status/></request>)";
         QTest::newRow("no element") << R"(<request version="1" session="a"/>)";
         QTest::newRow("no session") << "<request version=\"1\"><status/></request>";
@@ -173,6 +198,7 @@ private Q_SLOTS:
             replies.push_back(fixture.post(ServiceFixture::loginRequest(user)).body);
             const std::string word = ServiceFixture::valueIn(replies.back(), "session");
             replies.push_back(fixture.post(ServiceFixture::statusRequest(word)).body);
+            replies.push_back(fixture.post(ServiceFixture::bookmarksRequest(word)).body);
         }
         fixture.setFault(corvia::Fault::Kind::RefuseLogin, 0, "No & <never>\x01 \xff");
         replies.push_back(fixture.post(ServiceFixture::loginRequest("ada")).body);
@@ -227,8 +253,12 @@ private Q_SLOTS:
         const std::string login = client.post(ServiceFixture::loginRequest("demo", "pinegate")).body;
         QVERIFY(holds(login, "<plan name=\"Pinegate Unlimited\"/><nntp max-connections=\"20\""));
         QVERIFY(holds(login, "key=\"control.panel\""));
+        const std::string word = ServiceFixture::valueIn(login, "session");
+        const std::string bookmarks = client.post(ServiceFixture::bookmarksRequest(word)).body;
+        QVERIFY(holds(bookmarks, "<name>Linux</name>"));
         const corvia::Schema schema(corvia::replySchema());
         QCOMPARE(schema.firstProblem(corvia::XmlDocument(login)), std::string());
+        QCOMPARE(schema.firstProblem(corvia::XmlDocument(bookmarks)), std::string());
     }
 
     void aStoppedServiceCanStillBeReadAndNoLongerAnswers()

@@ -99,6 +99,13 @@ void TestArtwork::everyPictureHasTheSizeOfItsName_data()
     QTest::newRow("banner") << QStringLiteral(":/corvia/images/login100.png") << banner << QSize(450, 100);
     QTest::newRow("banner, double") << QStringLiteral(":/corvia/images/login200.png") << banner
                                     << QSize(900, 200);
+    for (const char *color : {"orange", "yellow", "red", "gray", "green", "brown", "cyan", "blue"}) {
+        const QString folder = QStringLiteral(":/corvia/bookmarks/folder_%1").arg(QLatin1String(color));
+        const QString itsDrawing = folder + QStringLiteral(".svg");
+        QTest::newRow(color) << folder + QStringLiteral(".png") << itsDrawing << QSize(16, 16);
+        QTest::addRow("%s, double", color)
+            << folder + QStringLiteral("@2x.png") << itsDrawing << QSize(32, 32);
+    }
 }
 
 void TestArtwork::everyPictureHasTheSizeOfItsName()

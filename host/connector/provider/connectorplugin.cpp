@@ -55,11 +55,6 @@ void ConnectorPlugin::init(Benchmark &benchmark)
     Q_UNUSED(benchmark)
 }
 
-void ConnectorPlugin::polish(MainWindow *window)
-{
-    Q_UNUSED(window)
-}
-
 bool ConnectorPlugin::providesNntpProfiles() const
 {
     return false;

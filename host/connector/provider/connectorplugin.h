@@ -3,6 +3,7 @@
 #pragma once
 
 #include <halvora/connectorexport.h>
+#include <halvora/hindex.h>
 #include <halvora/hserveraddress.h>
 #include <halvora/hstorageid.h>
 #include <halvora/urlinfo.h>
@@ -19,6 +20,7 @@ class HJobResultHandler;
 class HLoginRequest;
 class HServerAddressRotator;
 class MainWindow;
+class Newsgroup;
 class NewsgroupInfoProvider;
 class QAction;
 class QWidget;
@@ -41,7 +43,16 @@ public:
     void setAddressRotator(HServerAddressRotator *rotator);
     void setErrorReportVisible(bool visible);
 
+    /// Opens a page of the main window with the newest articles of @p newsgroup; @p facet says which of them
+    /// are shown to begin with. A page for it that is there already comes to the front and loads again.
+    /// Nothing happens without a main window.
+    void showNewsgroupPanel(const Newsgroup &newsgroup, HIndex::MediaView view, HIndex::MediaFacet facet);
+    /// The same for several newsgroups together, under @p title.
+    void showNewsgroupPanel(const QString &title, const QList<Newsgroup> &newsgroups, HIndex::MediaView view,
+                            HIndex::MediaFacet facet);
+
     virtual void init(Benchmark &benchmark);
+    /// Gives @p window what every provider has: the panel in which newsgroups are chosen.
     virtual void polish(MainWindow *window);
     virtual bool providesNntpProfiles() const;
     virtual bool providesBookmarkManager() const;

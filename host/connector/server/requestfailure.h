@@ -17,12 +17,12 @@ public:
         LoggedOut,          ///< the account was logged out meanwhile
         NoService,          ///< no account service is known, or its name can not exist
         Unreachable,        ///< no connection, or it broke
-        TimedOut,           ///< the deadline passed
+        TimedOut,           ///< the deadline passed without a reply
         NotTrusted,         ///< TLS: certificate, host name or protocol
         BadStatus,          ///< another HTTP status than 200; the detail is the status
         TooLarge,           ///< reply or its headers beyond the limits
         Truncated,          ///< the reply ended early
-        BadReply,           ///< not the XML that is expected; the detail says what
+        BadReply,           ///< not the XML that is expected, or not read in time; the detail says what
         CredentialsTest,    ///< prepare() refused; the detail is the news server's last line
         RefusedCredentials, ///< the service does not know user name and password; the detail is its sentence
         RefusedSession,     ///< the session word is no longer good

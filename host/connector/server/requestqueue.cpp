@@ -151,11 +151,15 @@ bool RequestQueue::finish(Jobs &job)
 
 bool RequestQueue::finishLocked(Jobs &job)
 {
-    const bool interrupted = m_interruption != RequestFailure::Kind::None;
-    if (m_closed)
-        job.front().failure = RequestFailure::Kind::ShuttingDown;
-    else if (interrupted)
-        job.front().failure = m_interruption;
+    using Kind = RequestFailure::Kind;
+    const bool interrupted = m_interruption != Kind::None;
+    if (m_closed) {
+        job.front().failure = Kind::ShuttingDown;
+    } else if (interrupted) {
+        // A service whose reply came and led nowhere is not lost: it would only be asked for it again.
+        const bool answered = m_interruption == Kind::TimedOut && !job.front().reply.isNull();
+        job.front().failure = answered ? Kind::BadReply : m_interruption;
+    }
     m_current = {};
     m_interruption = RequestFailure::Kind::None;
     m_unfollowed = job.front().turn;

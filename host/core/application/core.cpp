@@ -13,6 +13,7 @@
 #include <halvora/storagemanager.h>
 #include <halvora/trafficmeter.h>
 
+#include <QApplication>
 #include <QDir>
 #include <QDomElement>
 #include <QSettings>
@@ -106,6 +107,11 @@ void Core::setProviderName(const QString &name)
 void Core::setPlatform(std::unique_ptr<PlatformManager> platform)
 {
     m_platform = std::move(platform);
+}
+
+QStyle *Core::systemStyle() const
+{
+    return QApplication::style();
 }
 
 MainWindow *Core::mainWindow() const

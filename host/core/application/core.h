@@ -21,6 +21,7 @@ class PluginManager;
 class PrivateDataRegistry;
 class QDomElement;
 class QSettings;
+class QStyle;
 class SettingsRegistry;
 class StorageManager;
 class TrafficMeter;
@@ -61,6 +62,9 @@ public:
 
     /// Replaces the platform manager, for a host that registers elsewhere. Before any plug-in is created.
     void setPlatform(std::unique_ptr<PlatformManager> platform);
+
+    /// The style of the system, in which the program shows itself. Owned by the application.
+    QStyle *systemStyle() const;
 
     /// The main window, or null before the application made it and after it is gone. Not owned.
     MainWindow *mainWindow() const;

@@ -5,7 +5,7 @@
 #include <halvora/stylehelper.h>
 
 #include "docktitlebutton.h"
-#include "elidedlabel.h"
+#include "plaintooltip.h"
 
 #include <QDockWidget>
 #include <QEvent>
@@ -81,7 +81,7 @@ void DockTitleBar::describeButtons()
 void DockTitleBar::tellCutOffTitle()
 {
     const QString title = m_dock->windowTitle();
-    setToolTip(elidedTitle() == title ? QString() : ElidedLabel::plainToolTip(title));
+    setToolTip(elidedTitle() == title ? QString() : plainToolTip(title));
 }
 
 QRect DockTitleBar::titleArea() const

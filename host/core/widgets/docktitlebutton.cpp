@@ -4,7 +4,7 @@
 
 #include <halvora/stylehelper.h>
 
-#include "elidedlabel.h"
+#include "plaintooltip.h"
 
 #include <QPainter>
 
@@ -19,7 +19,7 @@ DockTitleButton::DockTitleButton(Symbol symbol, QWidget *parent)
 void DockTitleButton::describe(const QString &text)
 {
     setAccessibleName(text);
-    setToolTip(ElidedLabel::plainToolTip(text));
+    setToolTip(plainToolTip(text));
 }
 
 QSize DockTitleButton::sizeHint() const

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "elidedlabel.h"
 
+#include "plaintooltip.h"
+
 #include <QPainter>
 #include <QStyle>
 
@@ -23,12 +25,6 @@ void ElidedLabel::showText(const QString &text)
     // Cut off first: a text of megabytes is not worth looking through.
     setText(text.left(longest).simplified());
     setToolTip(plainToolTip(this->text()));
-}
-
-QString ElidedLabel::plainToolTip(const QString &text)
-{
-    // Without a tag of our own around it, a tool tip is plain or rich as its text happens to look.
-    return text.isEmpty() ? QString() : QLatin1String("<p>") + text.toHtmlEscaped() + QLatin1String("</p>");
 }
 
 QSize ElidedLabel::minimumSizeHint() const

@@ -13,8 +13,6 @@ public:
 
     /// Shows @p text with its line breaks as blanks; a text of thousands of characters is cut off.
     void showText(const QString &text);
-    /// A tool tip that reads as @p text, whatever markup is in it.
-    static QString plainToolTip(const QString &text);
 
     QSize minimumSizeHint() const override;
 

@@ -5,6 +5,7 @@
 #include <halvora/core.h>
 
 #include "mainmenu.h"
+#include "pagearea.h"
 #include "statusline.h"
 #include "updatenotice.h"
 #include "viewmenu.h"
@@ -37,6 +38,7 @@ MainWindow::MainWindow(Core *core, QWidget *parent)
     , m_menu(new MainMenu(core, this))
     , m_notice(new UpdateNotice(this))
     , m_status(new StatusLine(core->traffic(), this))
+    , m_pages(new PageArea(this))
     , m_layout(std::make_unique<WindowLayout>(this, core->settings()))
 {
     setObjectName(QStringLiteral("halvora.mainWindow"));
@@ -44,6 +46,7 @@ MainWindow::MainWindow(Core *core, QWidget *parent)
     addToolBar(Qt::TopToolBarArea, m_notice);
     m_notice->hide();
     setStatusBar(m_status);
+    setCentralWidget(m_pages);
     connectMenu();
     connect(core, &Core::softwareUpdateOffered, m_notice, &UpdateNotice::offer);
     connect(m_notice, &UpdateNotice::linkRequested, this, &MainWindow::linkRequested);
@@ -71,6 +74,37 @@ void MainWindow::addToolWidget(Qt::DockWidgetArea area, QDockWidget *dock)
         dock->setObjectName(QStringLiteral("halvora.dock%1").arg(m_docks));
     addDockWidget(isArea(area) ? area : Qt::LeftDockWidgetArea, dock);
     m_menu->view()->addDock(dock);
+}
+
+void MainWindow::setNewsgroupsPanel(QDockWidget *panel)
+{
+    m_newsgroupsPanel = panel;
+    addToolWidget(Qt::RightDockWidgetArea, panel);
+}
+
+void MainWindow::showNewsgroupsPanel()
+{
+    if (!m_newsgroupsPanel)
+        return;
+    m_newsgroupsPanel->show();
+    m_newsgroupsPanel->raise();
+    m_newsgroupsPanel->activateWindow(); // it may float
+    m_newsgroupsPanel->setFocus();
+}
+
+void MainWindow::setHomePage(QWidget *page)
+{
+    m_pages->setHome(page);
+}
+
+void MainWindow::openPage(QWidget *page)
+{
+    m_pages->open(page);
+}
+
+QWidget *MainWindow::findPage(const QString &name) const
+{
+    return m_pages->find(name);
 }
 
 void MainWindow::setAboutAction(QAction *action)

@@ -5,11 +5,13 @@
 #include <halvora/coreexport.h>
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <memory>
 
 class Core;
 class MainMenu;
+class PageArea;
 class QAction;
 class StatusLine;
 class UpdateNotice;
@@ -31,6 +33,17 @@ public:
     /// Takes @p dock over, puts it at @p area (at the left if that is no area) and gives it an entry in the
     /// View menu, which can hide and show it whatever its features are.
     void addToolWidget(Qt::DockWidgetArea area, QDockWidget *dock);
+    /// Takes over the panel in which newsgroups are chosen and puts it at the right; whoever makes the
+    /// program's connections offers it. The one before, if any, stays a panel like others.
+    void setNewsgroupsPanel(QDockWidget *panel);
+    /// Takes @p page over and shows it in the middle of the window. It stays there behind the others and can
+    /// not be closed.
+    void setHomePage(QWidget *page);
+    /// Takes @p page over and shows it in the middle of the window, under its windowTitle(); a page that is
+    /// there already comes to the front. A person who closes it destroys it.
+    void openPage(QWidget *page);
+    /// The page of this object name, or null.
+    QWidget *findPage(const QString &name) const;
     /// The provider's entry in the Help menu instead of the one before; null for none. Not owned.
     void setAboutAction(QAction *action);
     /// Which of the two entries of the Account menu can be chosen.
@@ -49,6 +62,11 @@ public:
 
     /// The entries for the panels, as the View menu has them.
     QMenu *createPopupMenu() override;
+
+public Q_SLOTS:
+    /// Shows the panel in which newsgroups are chosen, ready to be typed in; nothing happens when there is
+    /// none.
+    void showNewsgroupsPanel();
 
 Q_SIGNALS:
     void loginRequested();
@@ -70,6 +88,8 @@ private:
     MainMenu *m_menu;
     UpdateNotice *m_notice;
     StatusLine *m_status;
+    PageArea *m_pages;
+    QPointer<QDockWidget> m_newsgroupsPanel;
     std::unique_ptr<WindowLayout> m_layout;
     int m_docks = 0;
 };

@@ -6,6 +6,7 @@
 #include <halvora/hpixmaps.h>
 
 #include "elidedlabel.h"
+#include "plaintooltip.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -75,7 +76,7 @@ void UpdateNotice::offer(const SoftwareUpdate &update)
     m_note = update.note;
     m_link = webAddress(update.url);
     m_show->setVisible(!m_link.isEmpty());
-    m_show->setToolTip(ElidedLabel::plainToolTip(m_link.toDisplayString()));
+    m_show->setToolTip(plainToolTip(m_link.toDisplayString()));
     retranslate();
     show();
 }

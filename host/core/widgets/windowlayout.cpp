@@ -59,6 +59,13 @@ bool canBeDragged(const QWidget &window)
     });
 }
 
+// What the panel asks for, unless that is next to nothing or would leave nothing of the middle.
+int sidebarWidth(const QDockWidget &dock)
+{
+    const int asked = dock.widget() ? dock.widget()->sizeHint().width() : 0;
+    return qBound(hSidebarWidth(), asked, 2 * hSidebarWidth());
+}
+
 } // namespace
 
 WindowLayout::WindowLayout(QMainWindow *window, QSettings &settings)
@@ -92,7 +99,7 @@ void WindowLayout::reset()
 
 void WindowLayout::applyDefaultSize()
 {
-    m_window->resize(QSize(1000, 680).boundedTo(m_window->screen()->availableSize() * 0.9));
+    m_window->resize(QSize(1200, 760).boundedTo(m_window->screen()->availableSize() * 0.9));
 }
 
 void WindowLayout::applyDefaultPanels()
@@ -102,7 +109,7 @@ void WindowLayout::applyDefaultPanels()
     for (QDockWidget *dock : docks) {
         const Qt::DockWidgetArea area = m_window->dockWidgetArea(dock);
         if (area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea)
-            m_window->resizeDocks({dock}, {hSidebarWidth()}, Qt::Horizontal);
+            m_window->resizeDocks({dock}, {sidebarWidth(*dock)}, Qt::Horizontal);
         else
             m_window->resizeDocks({dock}, {hDockWidgetHeight()}, Qt::Vertical);
     }

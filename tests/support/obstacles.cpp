@@ -35,10 +35,11 @@ void WriteProtection::release()
     m_held = false;
 }
 
-SmallDisk::SmallDisk()
+SmallDisk::SmallDisk(int size)
 {
-    if (::mount("tmpfs", QFile::encodeName(path()).constData(), "tmpfs", MS_NOSUID | MS_NODEV, "size=2m") !=
-        0)
+    const QByteArray options = "size=" + QByteArray::number(size) + "k";
+    if (::mount("tmpfs", QFile::encodeName(path()).constData(), "tmpfs", MS_NOSUID | MS_NODEV,
+                options.constData()) != 0)
         m_problem = QStringLiteral("only root can mount a small disk");
 }
 

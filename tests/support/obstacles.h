@@ -24,10 +24,11 @@ private:
     bool m_held = false;
 };
 
-/// A disk of two mebibytes for as long as this lives. Only root may mount one.
+/// A disk of its own for as long as this lives. Only root may mount one.
 class SmallDisk {
 public:
-    SmallDisk();
+    /// The size in KiB.
+    explicit SmallDisk(int size = 2048);
     ~SmallDisk();
     Q_DISABLE_COPY(SmallDisk)
 

@@ -1,0 +1,232 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "hnewsgrouppanel.h"
+
+#include "articlefiltermodel.h"
+#include "articlelist.h"
+#include "articlelistmodel.h"
+#include "loadline.h"
+
+#include <halvora/connectorplugin.h>
+#include <halvora/extendedtreeview.h>
+
+#include <QComboBox>
+#include <QEvent>
+#include <QHeaderView>
+#include <QIcon>
+#include <QLocale>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int mostInvisiblePieces = 3;
+
+} // namespace
+
+HNewsgroupPanel::HNewsgroupPanel(ConnectorPlugin *plugin, const QString &title,
+                                 const QList<Newsgroup> &newsgroups)
+    : m_newsgroups(newsgroups.size())
+    , m_list(new ArticleList(plugin, newsgroups, this))
+    , m_articles(new ArticleListModel(this))
+    , m_shown(new ArticleFilterModel(this))
+    , m_kind(new QComboBox(this))
+    , m_refresh(new QToolButton(this))
+    , m_view(new ExtendedTreeView(this))
+    , m_line(new LoadLine(this))
+    , m_more(new QPushButton(this))
+{
+    setObjectName(pageName(title, newsgroups));
+    setWindowTitle(title);
+    m_shown->setSourceModel(m_articles);
+    build(newsgroups.size() > 1);
+    connectParts();
+    retranslate();
+    reload();
+}
+
+HNewsgroupPanel::~HNewsgroupPanel() = default;
+
+QString HNewsgroupPanel::pageName(const QString &title, const QList<Newsgroup> &newsgroups)
+{
+    QString name = QStringLiteral("NewsgroupPage\n") + title;
+    for (const Newsgroup &newsgroup : newsgroups)
+        name += QLatin1Char('\n') + newsgroup.name();
+    return name;
+}
+
+void HNewsgroupPanel::build(bool hasSeveral)
+{
+    m_kind->setObjectName(QStringLiteral("articleKind"));
+    for (int kind = 0; kind < 3; ++kind)
+        m_kind->addItem(QString());
+    m_refresh->setObjectName(QStringLiteral("refreshArticles"));
+    m_refresh->setIcon(QIcon(QStringLiteral(":/icons/refresh.svg")));
+    m_refresh->setAutoRaise(true);
+    m_refresh->setFocusPolicy(Qt::StrongFocus);
+    m_more->setObjectName(QStringLiteral("loadMore"));
+    buildView(hasSeveral);
+    setFocusProxy(m_view);
+
+    auto *top = new QHBoxLayout;
+    top->setSpacing(4);
+    top->addWidget(m_kind);
+    top->addStretch();
+    top->addWidget(m_refresh);
+    auto *bottom = new QHBoxLayout;
+    bottom->addWidget(m_line, 1);
+    bottom->addWidget(m_more, 0, Qt::AlignBottom);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 8, 8, 8);
+    layout->setSpacing(6);
+    layout->addLayout(top);
+    layout->addWidget(m_view, 1);
+    layout->addLayout(bottom);
+}
+
+void HNewsgroupPanel::buildView(bool hasSeveral)
+{
+    m_view->setObjectName(QStringLiteral("articleList"));
+    m_view->setRootIsDecorated(false);
+    m_view->setItemsExpandable(false);
+    m_view->setUniformRowHeights(true);
+    m_view->setAllColumnsShowFocus(true);
+    m_view->setAlternatingRowColors(true);
+    m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_view->setSortingEnabled(true);
+    m_view->sortByColumn(ArticleListModel::DateColumn, Qt::DescendingOrder);
+    m_view->setModel(m_shown);
+    QHeaderView *header = m_view->header();
+    header->setStretchLastSection(false);
+    header->setSectionsMovable(false);
+    header->setSectionResizeMode(ArticleListModel::SubjectColumn, QHeaderView::Stretch);
+    const int letter = fontMetrics().averageCharWidth();
+    header->resizeSection(ArticleListModel::PosterColumn, letter * 22);
+    header->resizeSection(ArticleListModel::NewsgroupColumn, letter * 22);
+    header->resizeSection(ArticleListModel::DateColumn, letter * 20);
+    header->resizeSection(ArticleListModel::SizeColumn, letter * 12);
+    m_view->setColumnHidden(ArticleListModel::NewsgroupColumn, !hasSeveral);
+}
+
+void HNewsgroupPanel::connectParts()
+{
+    connect(m_list, &ArticleList::restarted, m_articles, &ArticleListModel::setArticles);
+    connect(m_list, &ArticleList::extended, m_articles, &ArticleListModel::addArticles);
+    connect(m_list, &ArticleList::stateChanged, this, &HNewsgroupPanel::updateLine);
+    connect(m_list, &ArticleList::restarted, this, [this] {
+        m_view->scrollToTop();
+        loadWhenNeeded();
+    });
+    connect(m_list, &ArticleList::extended, this, &HNewsgroupPanel::loadWhenNeeded);
+    connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        m_invisiblePieces = 0;
+        loadWhenNeeded();
+    });
+    connect(m_kind, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &HNewsgroupPanel::takeKind);
+    connect(m_refresh, &QToolButton::clicked, this, &HNewsgroupPanel::reload);
+    connect(m_more, &QPushButton::clicked, m_list, &ArticleList::loadMore);
+    connect(m_line, &LoadLine::tryAgainRequested, m_list, &ArticleList::tryAgain);
+}
+
+void HNewsgroupPanel::setFacet(HIndex::MediaFacet facet)
+{
+    const auto kind = facet == HIndex::FileFacet   ? ArticleFilterModel::FilesOnly
+                      : facet == HIndex::TextFacet ? ArticleFilterModel::TextsOnly
+                                                   : ArticleFilterModel::AllArticles;
+    m_kind->setCurrentIndex(kind);
+}
+
+void HNewsgroupPanel::reload()
+{
+    m_invisiblePieces = 0;
+    m_list->reload();
+}
+
+void HNewsgroupPanel::takeKind()
+{
+    m_shown->setKind(ArticleFilterModel::Kind(m_kind->currentIndex()));
+    m_invisiblePieces = 0;
+    updateLine();
+    loadWhenNeeded();
+}
+
+bool HNewsgroupPanel::isEndInSight() const
+{
+    const int rows = m_shown->rowCount();
+    if (rows == 0 || rows * m_view->sizeHintForRow(0) < m_view->viewport()->height())
+        return true;
+    const QScrollBar *bar = m_view->verticalScrollBar();
+    return bar->maximum() > 0 && bar->value() >= bar->maximum() - bar->pageStep();
+}
+
+// Whoever filters for what a newsgroup does not have would otherwise load all of it.
+void HNewsgroupPanel::loadWhenNeeded()
+{
+    if (!isVisible() || m_list->state() != ArticleList::Idle || !m_list->hasMore() || !isEndInSight() ||
+        m_invisiblePieces >= mostInvisiblePieces)
+        return;
+    ++m_invisiblePieces;
+    m_list->loadMore();
+}
+
+void HNewsgroupPanel::updateLine()
+{
+    const QStringList problems = m_list->problems();
+    const int progress = m_list->progress();
+    if (m_list->state() == ArticleList::Failed)
+        m_line->showProblem(m_list->message(), summary());
+    else if (m_list->state() == ArticleList::Loading && !m_list->message().isEmpty())
+        m_line->showProgress(m_list->message());
+    else if (m_list->state() == ArticleList::Loading)
+        m_line->showProgress(progress > 0 ? tr("%1 articles loaded…").arg(QLocale().toString(progress))
+                                          : tr("Loading articles…"));
+    else if (!problems.isEmpty())
+        m_line->showProblem(problems.join(QStringLiteral("; ")), summary());
+    else
+        m_line->showSummary(summary());
+    m_more->setVisible(m_list->state() == ArticleList::Idle && m_list->hasMore());
+}
+
+QString HNewsgroupPanel::summary() const
+{
+    const int count = m_articles->rowCount();
+    if (count > 0) {
+        const QString shown = tr("%1 of %2 articles shown")
+                                  .arg(QLocale().toString(m_shown->rowCount()), QLocale().toString(count));
+        return m_list->hasMore() ? tr("%1, older ones are on the server").arg(shown) : shown;
+    }
+    if (m_list->state() == ArticleList::Failed)
+        return {};
+    return m_newsgroups > 1 ? tr("There are no articles in these newsgroups.")
+                            : tr("There are no articles in this newsgroup.");
+}
+
+void HNewsgroupPanel::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        retranslate();
+        m_articles->retranslate();
+    }
+    QWidget::changeEvent(event);
+}
+
+void HNewsgroupPanel::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    loadWhenNeeded();
+}
+
+void HNewsgroupPanel::retranslate()
+{
+    m_kind->setItemText(ArticleFilterModel::AllArticles, tr("All articles"));
+    m_kind->setItemText(ArticleFilterModel::FilesOnly, tr("Files"));
+    m_kind->setItemText(ArticleFilterModel::TextsOnly, tr("Texts"));
+    m_kind->setAccessibleName(tr("Which articles are shown"));
+    m_view->setAccessibleName(tr("Articles"));
+    m_refresh->setToolTip(tr("Load the newest articles again"));
+    m_refresh->setAccessibleName(tr("Refresh"));
+    m_more->setText(tr("Load More"));
+    updateLine();
+}

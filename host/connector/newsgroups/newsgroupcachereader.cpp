@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "newsgroupcachereader.h"
+
+#include <utility>
+
+NewsgroupCacheReader::NewsgroupCacheReader(const QString &file)
+    : m_file(file)
+{
+}
+
+NewsgroupCacheReader::~NewsgroupCacheReader() = default;
+
+newsgroupcache::Contents NewsgroupCacheReader::take()
+{
+    wait();
+    return std::exchange(m_contents, {});
+}
+
+void NewsgroupCacheReader::release(NewsgroupCacheReader *reader)
+{
+    constexpr unsigned long patience = 2000;
+    if (reader && reader->wait(patience))
+        delete reader;
+}
+
+void NewsgroupCacheReader::run()
+{
+    m_contents = newsgroupcache::read(m_file);
+}

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "newsgrouplisttask.h"
+
+#include "newsgrouptablebuilder.h"
+
+#include <halvora/nntpsession.h>
+
+#include <utility>
+
+namespace {
+
+constexpr int listFollows = 215;
+constexpr int progressStep = 2000;
+
+} // namespace
+
+NewsgroupListTask::NewsgroupListTask(const QString &cacheFile)
+    : m_cacheFile(cacheFile)
+{
+}
+
+newsgroupcache::Contents NewsgroupListTask::take()
+{
+    return std::exchange(m_contents, {});
+}
+
+bool NewsgroupListTask::run(NntpSession &session)
+{
+    NewsgroupTableBuilder builder;
+    m_count.store(0, std::memory_order_relaxed);
+    const auto addGroup = [&](const char *line, int length) {
+        builder.addGroup(line, length);
+        m_count.store(builder.count(), std::memory_order_relaxed);
+        if (builder.count() % progressStep == 0)
+            tellProgress();
+        return !isCancelled();
+    };
+    const auto addDescription = [&](const char *line, int length) {
+        builder.addDescription(line, length);
+        return !isCancelled();
+    };
+    if (!session.lines("LIST ACTIVE", listFollows, addGroup) || isCancelled())
+        return false;
+    // A server need not know any descriptions, but a list that broke off would be taken for all of them.
+    if (!session.lines("LIST NEWSGROUPS", listFollows, addDescription) &&
+        session.trouble() != NntpSession::Trouble::Refused)
+        return false;
+    if (isCancelled())
+        return false;
+    m_contents = {builder.take(), QDateTime::currentDateTimeUtc()};
+    newsgroupcache::write(m_cacheFile, m_contents);
+    return true;
+}

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#include "pagearea.h"
+
+#include "plaintooltip.h"
+
+#include <QEvent>
+#include <QShortcut>
+#include <QTabBar>
+
+PageArea::PageArea(QWidget *parent)
+    : QTabWidget(parent)
+{
+    setObjectName(QStringLiteral("halvora.pages"));
+    setDocumentMode(true);
+    setTabsClosable(true);
+    setTabBarAutoHide(true);
+    setUsesScrollButtons(true);
+    setElideMode(Qt::ElideRight);
+    connect(this, &QTabWidget::tabCloseRequested, this, &PageArea::closePage);
+    const auto *shortcut = new QShortcut(QKeySequence::Close, this);
+    connect(shortcut, &QShortcut::activated, this, [this] { closePage(currentIndex()); });
+}
+
+void PageArea::setHome(QWidget *page)
+{
+    delete m_home;
+    m_home = page;
+    insertTab(0, page, QString());
+    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
+        tabBar()->setTabButton(0, side, nullptr);
+    setCurrentIndex(0);
+    retranslate();
+}
+
+void PageArea::open(QWidget *page)
+{
+    if (indexOf(page) < 0) {
+        addTab(page, QString());
+        followTitle(page);
+        connect(page, &QWidget::windowTitleChanged, this, [this, page] { followTitle(page); });
+    }
+    setCurrentWidget(page); // the keys stay where they are, with what the page was opened from
+}
+
+QWidget *PageArea::find(const QString &name) const
+{
+    for (int i = 0; i < count(); ++i) {
+        if (widget(i)->objectName() == name)
+            return widget(i);
+    }
+    return nullptr;
+}
+
+void PageArea::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QTabWidget::changeEvent(event);
+}
+
+void PageArea::closePage(int index)
+{
+    QWidget *page = widget(index);
+    if (!page || page == m_home)
+        return;
+    removeTab(index);
+    page->deleteLater(); // it may be what asks for this
+}
+
+void PageArea::followTitle(QWidget *page)
+{
+    const int index = indexOf(page);
+    if (index < 0)
+        return;
+    QString title = page->windowTitle();
+    setTabToolTip(index, plainToolTip(title));
+    setTabText(index, title.replace(QLatin1Char('&'), QLatin1String("&&")));
+}
+
+void PageArea::retranslate()
+{
+    if (m_home)
+        setTabText(indexOf(m_home), tr("Home"));
+}
