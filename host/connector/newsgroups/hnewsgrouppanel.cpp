@@ -9,14 +9,17 @@
 
 #include <halvora/connectorplugin.h>
 #include <halvora/extendedtreeview.h>
+#include <halvora/stringformat.h>
 
 #include <QComboBox>
+#include <QDateTime>
 #include <QEvent>
 #include <QHeaderView>
 #include <QIcon>
 #include <QLocale>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -35,7 +38,7 @@ HNewsgroupPanel::HNewsgroupPanel(ConnectorPlugin *plugin, const QString &title,
     , m_kind(new QComboBox(this))
     , m_refresh(new QToolButton(this))
     , m_view(new ExtendedTreeView(this))
-    , m_line(new LoadLine(this))
+    , m_line(new LoadLine(QBoxLayout::LeftToRight, this))
     , m_more(new QPushButton(this))
 {
     setObjectName(pageName(title, newsgroups));
@@ -102,12 +105,18 @@ void HNewsgroupPanel::buildView(bool hasSeveral)
     header->setStretchLastSection(false);
     header->setSectionsMovable(false);
     header->setSectionResizeMode(ArticleListModel::SubjectColumn, QHeaderView::Stretch);
-    const int letter = fontMetrics().averageCharWidth();
-    header->resizeSection(ArticleListModel::PosterColumn, letter * 22);
-    header->resizeSection(ArticleListModel::NewsgroupColumn, letter * 22);
-    header->resizeSection(ArticleListModel::DateColumn, letter * 20);
-    header->resizeSection(ArticleListModel::SizeColumn, letter * 12);
+    const QDateTime longDate(QDate(2000, 12, 30), QTime(20, 50, 50));
+    resizeColumn(ArticleListModel::PosterColumn, QString(14, QLatin1Char('n')));
+    resizeColumn(ArticleListModel::NewsgroupColumn, QString(14, QLatin1Char('n')));
+    resizeColumn(ArticleListModel::DateColumn, StringFormat::dateTime(longDate, StringFormat::ShortDateTime));
+    resizeColumn(ArticleListModel::SizeColumn, tr("1,000 bytes", "as wide as a size gets"));
     m_view->setColumnHidden(ArticleListModel::NewsgroupColumn, !hasSeveral);
+}
+
+void HNewsgroupPanel::resizeColumn(int column, const QString &widest)
+{
+    const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, m_view) + 1);
+    m_view->header()->resizeSection(column, fontMetrics().horizontalAdvance(widest) + 2 * margin);
 }
 
 void HNewsgroupPanel::connectParts()

@@ -55,11 +55,12 @@ HNewsgroupsPanel::HNewsgroupsPanel(ConnectorPlugin *plugin, QWidget *parent)
     , m_add(makeAction(this, "addBookmarks", "bookmark-add.svg"))
     , m_refresh(makeAction(this, "refreshNewsgroups", "refresh.svg"))
 {
+    build();
     setObjectName(QStringLiteral("NewsgroupsDock"));
     setFeatures(DockWidgetMovable | DockWidgetFloatable);
-    build();
     connectParts();
     retranslate();
+    followPalette();
     followBookmarks();
     updateActions();
 }
@@ -78,7 +79,7 @@ void HNewsgroupsPanel::build()
     m_view = new NewsgroupListView(content);
     m_view->setObjectName(QStringLiteral("newsgroupList"));
     m_view->setModel(m_model);
-    m_line = new LoadLine(content);
+    m_line = new LoadLine(QBoxLayout::TopToBottom, content);
     m_addButton = makeButton(content, "addButton", m_add);
     m_addButton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 
@@ -140,7 +141,19 @@ void HNewsgroupsPanel::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    else if (event->type() == QEvent::PaletteChange)
+        followPalette();
     FancyDockWidget::changeEvent(event);
+}
+
+// A palette that was made of a few colours has a black placeholder, whatever is behind it.
+void HNewsgroupsPanel::followPalette()
+{
+    QColor faint = palette().color(QPalette::Text);
+    faint.setAlpha(150);
+    QPalette own;
+    own.setColor(QPalette::PlaceholderText, faint);
+    m_filter->setPalette(own);
 }
 
 // A provider may register after the panel was made.
