@@ -7,8 +7,9 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 
 scripts/packages.sh test
 cmake --preset release >/dev/null
-cmake --build --preset release --target bench_start bench_login bench_bookmarkstore bench_bookmarklookup bench_newslist >/dev/null
-for program in bench_start bench_login bench_bookmarkstore bench_bookmarklookup bench_newslist; do
+programs=(bench_start bench_login bench_bookmarkstore bench_bookmarklookup bench_bookmarkspanel bench_newslist)
+cmake --build --preset release --target "${programs[@]}" >/dev/null
+for program in "${programs[@]}"; do
     echo "== $program"
     tests/support/in-fresh-home.sh "build/release/benchmarks/$program" 2>/dev/null
 done
