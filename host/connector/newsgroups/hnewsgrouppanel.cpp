@@ -152,13 +152,12 @@ void HNewsgroupPanel::takeKind()
     loadWhenNeeded();
 }
 
+// Within a page below what is seen. The view knows only where rows are once it was asked, and the scroll bar
+// not even then.
 bool HNewsgroupPanel::isEndInSight() const
 {
-    const int rows = m_shown->rowCount();
-    if (rows == 0 || rows * m_view->sizeHintForRow(0) < m_view->viewport()->height())
-        return true;
-    const QScrollBar *bar = m_view->verticalScrollBar();
-    return bar->maximum() > 0 && bar->value() >= bar->maximum() - bar->pageStep();
+    const QModelIndex last = m_shown->index(m_shown->rowCount() - 1, ArticleListModel::SubjectColumn);
+    return !last.isValid() || m_view->visualRect(last).top() < 2 * m_view->viewport()->height();
 }
 
 // Whoever filters for what a newsgroup does not have would otherwise load all of it.
@@ -199,8 +198,8 @@ QString HNewsgroupPanel::summary() const
     }
     if (m_list->state() == ArticleList::Failed)
         return {};
-    return m_newsgroups > 1 ? tr("There are no articles in these newsgroups.")
-                            : tr("There are no articles in this newsgroup.");
+    return m_newsgroups == 1 ? tr("There are no articles in this newsgroup.")
+                             : tr("There are no articles in these newsgroups.");
 }
 
 void HNewsgroupPanel::changeEvent(QEvent *event)

@@ -219,6 +219,9 @@ bool NntpSession::readBlock(const LineSink &sink)
 {
     NntpConnection &connection = m_dialogue->connection();
     const auto end = Clock::now() + m_limits.block;
+    // A short block has come as a whole with its reply.
+    if (isTooMuch())
+        return lose();
     do {
         while (auto line = connection.nextLine()) {
             const bool startsWithDot = !line->empty() && line->front() == '.';
@@ -241,8 +244,12 @@ bool NntpSession::receiveMore(Clock::time_point end)
     NntpConnection &connection = m_dialogue->connection();
     const auto left = std::chrono::duration_cast<milliseconds>(end - Clock::now());
     const auto time = std::clamp(left, milliseconds(0), m_limits.silence);
-    return connection.receive(WaitBudget(*m_core, time)) &&
-           connection.received() - m_receivedBefore <= m_limits.bytes;
+    return connection.receive(WaitBudget(*m_core, time)) && !isTooMuch();
+}
+
+bool NntpSession::isTooMuch() const
+{
+    return m_dialogue->connection().received() - m_receivedBefore > m_limits.bytes;
 }
 
 bool NntpSession::fail(Trouble trouble)

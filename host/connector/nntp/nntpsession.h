@@ -84,6 +84,7 @@ private:
     NntpReply exchangeOnce(const QByteArray &command);
     bool readBlock(const LineSink &sink);
     bool receiveMore(std::chrono::steady_clock::time_point end);
+    bool isTooMuch() const;
     void close();
     bool fail(Trouble trouble);
     bool lose();
