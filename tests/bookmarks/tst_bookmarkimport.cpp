@@ -14,6 +14,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
 
 #include <functional>
 
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void aReplyWithoutFoldersChangesNothing_data();
     void aReplyWithoutFoldersChangesNothing();
     void aFailedRequestIsRepeatedAtTheNextState();
+    void whatALogoutOvertookIsNotImported();
     void strangeRepliesAreImportedAsTheyAre_data();
     void strangeRepliesAreImportedAsTheyAre();
     void aFolderWithoutANameEndsTheRequestAtItsDeadline();
@@ -317,6 +319,24 @@ void TestBookmarkImport::aFailedRequestIsRepeatedAtTheNextState()
     m_account->useDemo(*m_plugin);
     logInAndImport();
     QCOMPARE(asked(), 2);
+}
+
+// The reply is read, and waits for the event loop to be delivered.
+void TestBookmarkImport::whatALogoutOvertookIsNotImported()
+{
+    bool wasRead = false;
+    atTheLogin([this, &wasRead] {
+        for (int i = 0; i < 30'000 && asked() == 0; ++i)
+            QThread::msleep(1);
+        QThread::msleep(200);
+        wasRead = asked() == 1;
+        server().logOut();
+    });
+    m_plugin->startLogin();
+    QTRY_VERIFY(wasRead);
+    QTRY_COMPARE(m_failures, 1);
+    QCOMPARE(server().connectorState(), HServer::Disconnected);
+    QCOMPARE(m_model->rowCount(), 0);
 }
 
 void TestBookmarkImport::strangeRepliesAreImportedAsTheyAre_data()

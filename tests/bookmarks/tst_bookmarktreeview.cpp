@@ -28,7 +28,12 @@ private Q_SLOTS:
     void theTreeAddsNeitherSignalsNorSlots();
 
 private:
-    QPoint middle(int row) const { return m_view->visualRect(m_rows.index(row)).center(); }
+    /// Of a row in the viewport, or of the place below all rows for -1.
+    QPoint middle(int row) const
+    {
+        return row < 0 ? m_view->viewport()->rect().bottomLeft() + QPoint(20, -20)
+                       : m_view->visualRect(m_rows.index(row)).center();
+    }
     void pointAt(int row) const { QCursor::setPos(m_view->viewport()->mapToGlobal(middle(row))); }
     /// The row of the only menu that was asked for; -1 when there was not one.
     int rowOf(const QSignalSpy &menus) const;
@@ -77,6 +82,7 @@ void TestBookmarkTreeView::aRightClickLeavesCurrentRowAndSelection_data()
     QTest::newRow("a row that is not selected") << 3 << int(Qt::NoModifier);
     QTest::newRow("a selected row") << 1 << int(Qt::NoModifier);
     QTest::newRow("the current row") << 0 << int(Qt::NoModifier);
+    QTest::newRow("below the rows") << -1 << int(Qt::NoModifier);
     QTest::newRow("with Ctrl") << 3 << int(Qt::ControlModifier);
     QTest::newRow("with Shift") << 3 << int(Qt::ShiftModifier);
 }

@@ -23,7 +23,7 @@ public:
     void restart();
 
     /// Lets a person play @p story, on a thread of its own, while the program runs. What disappointed the
-    /// person fails the test; a picture is kept of it.
+    /// person fails the test; a picture is kept of it. Nothing is played in a test that has failed.
     void play(const std::function<void(Person &)> &story);
 
     /// The middle of a widget of the window or its dialogs by its object name, once it can be used.

@@ -7,8 +7,9 @@
 #   inn.sh stop DIR
 # "start" leaves DIR/ports with the lines PORT= (plain), TLSPORT= (TLS from the first byte) and CERT= (the
 # file of the certificate, which signs itself and names localhost and 127.0.0.1). The accounts are
-# alice / wonderland and bob / builder. Nothing outside DIR is read or written. As root the server runs as the
-# user "news", who has to be able to enter DIR; as anybody else it runs as that user.
+# alice / wonderland and bob / builder. The newsgroups are misc.test, which is empty, misc.articles with the
+# articles 1 to 5, and misc.stories with 1 to 3. Nothing outside DIR is read or written. As root the server runs
+# as the user "news", who has to be able to enter DIR; as anybody else it runs as that user.
 # Only the reader daemon runs: it is what the big daemon hands every reader to.
 set -euo pipefail
 BIN=${INN_BIN:-/usr/lib/news/bin}
@@ -25,19 +26,6 @@ install_inn() {
     }
 }
 
-# Three articles of misc.stories as the server keeps them: with line ends as on the wire.
-write_articles() {
-    local number
-    mkdir -p "$1"
-    for number in 1 2 3; do
-        printf '%s\r\n' 'Path: news.example!not-for-mail' 'From: Alice <alice@news.example>' \
-            'Newsgroups: misc.stories' "Subject: =?UTF-8?Q?Caf=C3=A9?= story $number" \
-            "Date: $(LC_ALL=C date -u -d "$number hours ago" '+%a, %d %b %Y %H:%M:%S +0000')" \
-            "Message-ID: <story-$number@news.example>" "Xref: news.example misc.stories:$number" 'Lines: 1' '' \
-            "Once upon a time, $number." > "$1/$number"
-    done
-}
-
 # Replaces the shell by a command, run as the server's user.
 exec_as_server() {
     if [ "$(id -u)" = 0 ]; then exec setpriv --reuid=news --regid=news --clear-groups -- "$@"; fi
@@ -45,6 +33,30 @@ exec_as_server() {
 }
 
 as_server() { (exec_as_server "$@"); }
+
+# As the server keeps them, with line ends as on the wire: folder, newsgroup, number, subject, poster, date.
+write_article() {
+    mkdir -p "$1"
+    printf '%s\r\n' 'Path: news.example!not-for-mail' "From: $5" "Newsgroups: $2" "Subject: $4" "Date: $6" \
+        "Message-ID: <$2-$3@news.example>" "Xref: news.example $2:$3" 'Lines: 1' '' "The text of $4." > "$1/$3"
+}
+
+write_groups() {
+    local dir=$1 spool=$1/spool/articles/misc number
+    printf '%s y\n' 'misc.test 0000000000 0000000001' 'misc.articles 0000000005 0000000001' \
+        'misc.stories 0000000003 0000000001' > "$dir/db/active"
+    printf '%s\t%s\n' misc.test 'Does it arrive?' misc.articles 'A few articles.' \
+        misc.stories 'Stories, all the shorter.' > "$dir/db/newsgroups"
+    for number in {1..5}; do
+        write_article "$spool/articles" misc.articles "$number" "Article $number" \
+            'Rika Lindqvist <rika@lindqvist.example>' "0$number Mar 2025 12:00:00 +0000"
+    done
+    for number in 1 2 3; do
+        write_article "$spool/stories" misc.stories "$number" "=?UTF-8?Q?Caf=C3=A9?= story $number" \
+            'Alice <alice@news.example>' \
+            "$(LC_ALL=C date -u -d "$number hours ago" '+%a, %d %b %Y %H:%M:%S +0000')"
+    done
+}
 
 write_configuration() {
     local dir=$1
@@ -99,9 +111,7 @@ access "accounts" {
 C
     printf 'alice:%s\nbob:%s\n' "$(openssl passwd -6 wonderland)" "$(openssl passwd -6 builder)" > "$dir/etc/users"
     printf 'method tradspool {\n  newsgroups: *\n  class: 0\n}\n' > "$dir/etc/storage.conf"
-    printf '%s 000000000%s 0000000001 y\n' misc.test 0 misc.stories 3 > "$dir/db/active"
-    printf 'misc.test\tFor tests.\nmisc.stories\tStories, all the shorter.\n' > "$dir/db/newsgroups"
-    write_articles "$dir/spool/articles/misc/stories"
+    write_groups "$dir"
     openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj /CN=localhost \
         -addext subjectAltName=DNS:localhost,IP:127.0.0.1 \
         -keyout "$dir/etc/key.pem" -out "$dir/etc/cert.pem" 2> "$dir/log/openssl"

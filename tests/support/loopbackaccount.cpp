@@ -7,25 +7,34 @@
 #include <halvora/hserver.h>
 #include <halvora/hserveraddressrotator.h>
 
-#include <QDebug>
 #include <QDomDocument>
 
-LoopbackAccount::LoopbackAccount(const std::string &scenario)
-    : m_core(m_profile.path())
-    , m_service(scenario, corvia::Options())
+LoopbackAccount::LoopbackAccount(const std::string &scenario, const corvia::Options &options)
+    : m_service(scenario, options)
 {
     std::string why;
-    m_running = m_service.start(&why);
-    if (!m_running)
-        qWarning("%s", why.c_str());
-    m_core.setAuthorityFile(QString::fromStdString(m_service.authorityFile()));
+    if (!m_service.start(&why))
+        m_problem = QString::fromStdString(why);
+    restartCore();
+}
+
+LoopbackAccount::~LoopbackAccount() = default;
+
+void LoopbackAccount::restartCore()
+{
+    m_core = std::make_unique<Core>(m_profile.path());
+    m_core->setAuthorityFile(QString::fromStdString(m_service.authorityFile()));
+}
+
+HServerAddress LoopbackAccount::address() const
+{
+    return HServerAddress(QStringLiteral("localhost"), m_service.accountPort(), true, 0);
 }
 
 void LoopbackAccount::use(ConnectorPlugin &plugin)
 {
-    const HServerAddress address(QStringLiteral("localhost"), m_service.accountPort(), true, 0);
     plugin.connector()->server()->setAddressRotator(
-        std::make_unique<HServerAddressRotator>(plugin.configName(), QList<HServerAddress>{address}));
+        std::make_unique<HServerAddressRotator>(plugin.configName(), QList<HServerAddress>{address()}));
 }
 
 void LoopbackAccount::useDemo(ConnectorPlugin &plugin)

@@ -12,11 +12,8 @@
 #include <QtTest>
 
 ServiceAccount::ServiceAccount(const corvia::Options &options, const std::string &scenario)
-    : m_service(scenario, options)
+    : m_account(scenario, options)
 {
-    std::string why;
-    if (!m_service.start(&why))
-        m_problem = QString::fromStdString(why);
     start();
 }
 
@@ -24,18 +21,14 @@ ServiceAccount::~ServiceAccount() = default;
 
 void ServiceAccount::start()
 {
-    m_core = std::make_unique<Core>(m_profile.path());
-    m_core->setAuthorityFile(QString::fromStdString(m_service.authorityFile()));
-    m_plugin = std::make_unique<TestConnectorPlugin>(m_core.get());
-    server().setAddressRotator(
-        std::make_unique<HServerAddressRotator>(m_plugin->configName(), QList<HServerAddress>{address()}));
-    connector().setAccount(QStringLiteral("demo"), QStringLiteral("pinegate"));
+    m_plugin = std::make_unique<TestConnectorPlugin>(&core());
+    m_account.useDemo(*m_plugin);
 }
 
 void ServiceAccount::restart()
 {
     m_plugin.reset();
-    m_core.reset();
+    m_account.restartCore();
     start();
 }
 
@@ -47,11 +40,6 @@ Connector &ServiceAccount::connector()
 HServer &ServiceAccount::server()
 {
     return *m_plugin->connector()->server();
-}
-
-HServerAddress ServiceAccount::address() const
-{
-    return HServerAddress(QStringLiteral("localhost"), m_service.accountPort(), true, 0);
 }
 
 HServerAddress ServiceAccount::deadAddress()
@@ -80,5 +68,5 @@ void ServiceAccount::setFault(corvia::Fault::Kind kind, int number, const std::s
     fault.number = number;
     fault.text = text;
     fault.request = request;
-    m_service.setFault(fault);
+    service().setFault(fault);
 }

@@ -2,13 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "loopbackaccount.h"
 #include "testconnectorplugin.h"
-
-#include <halvora/core.h>
-
-#include <QTemporaryDir>
-
-#include <corviaservice.h>
 
 class Connector;
 class HServer;
@@ -22,14 +17,13 @@ public:
     Q_DISABLE_COPY(ServiceAccount)
 
     /// Empty when the service runs.
-    QString problem() const { return m_problem; }
-    corvia::CorviaService &service() { return m_service; }
-    Core &core() { return *m_core; }
+    QString problem() const { return m_account.problem(); }
+    corvia::CorviaService &service() { return m_account.service(); }
+    Core &core() { return m_account.core(); }
     TestConnectorPlugin &plugin() { return *m_plugin; }
     Connector &connector();
     HServer &server();
-    /// Where the service listens.
-    HServerAddress address() const;
+    HServerAddress address() const { return m_account.address(); }
     /// An address of this machine at which nothing listens.
     static HServerAddress deadAddress();
 
@@ -38,7 +32,7 @@ public:
     /// What goes wrong with the requests of the element `request`; empty: with all.
     void setFault(corvia::Fault::Kind kind, int number = 0, const std::string &text = {},
                   const std::string &request = {});
-    int requestCount() const { return int(m_service.requests().size()); }
+    int requestCount() { return int(service().requests().size()); }
 
     /// Ends the program and starts it again with the same settings; the service goes on.
     void restart();
@@ -48,9 +42,6 @@ public:
 private:
     void start();
 
-    QTemporaryDir m_profile;
-    corvia::CorviaService m_service;
-    QString m_problem;
-    std::unique_ptr<Core> m_core;
+    LoopbackAccount m_account;
     std::unique_ptr<TestConnectorPlugin> m_plugin;
 };

@@ -57,7 +57,7 @@ void HNewsgroupsPanel::retranslate()
     m_filter->setAccessibleName(tr("Filter newsgroups"));
     m_view->setAccessibleName(tr("Newsgroups"));
     m_open->setText(tr("Open"));
-    m_add->setText(tr("Add to Bookmarks…"));
+    m_add->setText(tr("Add to bookmarks…"));
     m_refresh->setText(tr("Refresh"));
     m_refresh->setToolTip(tr("Load the list of newsgroups again"));
     m_model->retranslate();

@@ -98,8 +98,11 @@ bool BookmarksPanel::openMenu(const QModelIndex &index, const std::function<void
         const QPointer<QMenu> menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         if (!menu)
             return;
-        came = true;
-        look(*menu);
+        // The window system tells late who has the keys, and what opens meanwhile would lose them again.
+        came = QTest::qWaitFor(
+            [&menu] { return !menu || QGuiApplication::focusWindow() == menu->windowHandle(); });
+        if (menu)
+            look(*menu);
         if (menu)
             menu->close();
     });

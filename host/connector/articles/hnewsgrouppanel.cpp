@@ -5,7 +5,7 @@
 #include "articlefiltermodel.h"
 #include "articlelist.h"
 #include "articlelistmodel.h"
-#include "loadline.h"
+#include "newsgroups/loadline.h"
 
 #include <halvora/connectorplugin.h>
 #include <halvora/extendedtreeview.h>
