@@ -263,12 +263,12 @@ void TestBookmarkItemDelegate::theColourComesBetweenPanelAndRow()
     setColor(bookmark(), "orange");
     NotingStyle style;
     m_widget.setStyle(&style);
-    const QStyleOptionViewItem row = option(QStyle::State(state));
-    paint(*m_delegate, row, bookmark());
+    const QStyleOptionViewItem shown = option(QStyle::State(state));
+    paint(*m_delegate, shown, bookmark());
     QCOMPARE(style.steps, (QByteArrayList{"panel", "row"}));
     QCOMPARE(style.colors.first(), QColor(Qt::white));
-    const bool selected = row.state.testFlag(QStyle::State_Selected);
-    const QColor ground = selected ? row.palette.color(QPalette::Active, QPalette::Highlight) : Qt::white;
+    const bool selected = shown.state.testFlag(QStyle::State_Selected);
+    const QColor ground = selected ? shown.palette.color(QPalette::Active, QPalette::Highlight) : Qt::white;
     const QColor color = style.colors.last();
     QVERIFY2(isNear(color, blended(QColor(244, 155, 30), ground)), qPrintable(color.name()));
     m_widget.setStyle(nullptr);
