@@ -104,13 +104,21 @@ void HNewsgroupPanel::buildView(bool hasSeveral)
     QHeaderView *header = m_view->header();
     header->setStretchLastSection(false);
     header->setSectionsMovable(false);
-    header->setSectionResizeMode(ArticleListModel::SubjectColumn, QHeaderView::Stretch);
     const QDateTime longDate(QDate(2000, 12, 30), QTime(20, 50, 50));
     resizeColumn(ArticleListModel::PosterColumn, QString(14, QLatin1Char('n')));
     resizeColumn(ArticleListModel::NewsgroupColumn, QString(14, QLatin1Char('n')));
     resizeColumn(ArticleListModel::DateColumn, StringFormat::dateTime(longDate, StringFormat::ShortDateTime));
     resizeColumn(ArticleListModel::SizeColumn, tr("1,000 bytes", "as wide as a size gets"));
     m_view->setColumnHidden(ArticleListModel::NewsgroupColumn, !hasSeveral);
+}
+
+// The subjects have what the other columns leave, but so much at least that they can be told apart.
+void HNewsgroupPanel::arrangeColumns()
+{
+    QHeaderView *header = m_view->header();
+    const int others = header->length() - header->sectionSize(ArticleListModel::SubjectColumn);
+    const int least = fontMetrics().averageCharWidth() * 30;
+    header->resizeSection(ArticleListModel::SubjectColumn, qMax(least, m_view->viewport()->width() - others));
 }
 
 void HNewsgroupPanel::resizeColumn(int column, const QString &widest)
@@ -133,6 +141,9 @@ void HNewsgroupPanel::connectParts()
         m_invisiblePieces = 0;
         loadWhenNeeded();
     });
+    // With the first articles too many for the page a scroll bar takes some of its width.
+    connect(m_view->verticalScrollBar(), &QScrollBar::rangeChanged, this, &HNewsgroupPanel::arrangeColumns,
+            Qt::QueuedConnection);
     connect(m_kind, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &HNewsgroupPanel::takeKind);
     connect(m_refresh, &QToolButton::clicked, this, &HNewsgroupPanel::reload);
     connect(m_more, &QPushButton::clicked, m_list, &ArticleList::loadMore);
@@ -223,6 +234,7 @@ void HNewsgroupPanel::changeEvent(QEvent *event)
 void HNewsgroupPanel::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
+    arrangeColumns();
     loadWhenNeeded();
 }
 
