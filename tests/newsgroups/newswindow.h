@@ -19,6 +19,8 @@ public:
 
     ServiceAccount &account() { return m_account; }
     MainWindow &window() { return *m_window; }
+    /// Destroys the window; the provider stays.
+    void closeWindow() { m_window.reset(); }
     /// Ends the program and starts it again over the same profile; the service goes on.
     void restart();
     bool logIn() { return m_account.logIn(); }

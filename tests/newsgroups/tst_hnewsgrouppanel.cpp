@@ -403,6 +403,7 @@ void TestHNewsgroupPanel::aPageCanBeClosedWhileItLoads()
     timer.start();
     delete page(news);
     QVERIFY(timer.elapsed() < 500);
+    QVERIFY(other.transcript().endsWith("OVER 1-9\r\n")); // and the connection is left
 }
 
 void TestHNewsgroupPanel::everyPartHasANameForEverybody()

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void theTextsFollowTheLanguage();
     void thePanelCanNotBeClosedButFloats();
     void quittingWhileTheListComesIsQuick();
+    void aPanelThatGoesLeavesItsConnection();
 
 private:
     static void keep(NewsWindow &news, const QByteArrayList &groups, const QDateTime &fetched);
@@ -67,6 +68,21 @@ public:
 const QByteArray greeting = "200 Welcome\r\n";
 const QByteArray wantsPassword = "381 Go on\r\n";
 const QByteArray letsIn = "281 Welcome\r\n";
+
+/// A server whose list of newsgroups never comes to an end.
+HostileNntpServer::Script endlessList()
+{
+    return [](Conversation &client) {
+        client.say(greeting);
+        for (const QByteArray &answer : {wantsPassword, letsIn}) {
+            client.hear();
+            client.say(answer);
+        }
+        client.hear();
+        client.reached();
+        client.drip("215 Here\r\n");
+    };
+}
 
 QStringList two()
 {
@@ -382,16 +398,7 @@ void TestHNewsgroupsPanel::thePanelCanNotBeClosedButFloats()
 
 void TestHNewsgroupsPanel::quittingWhileTheListComesIsQuick()
 {
-    HostileNntpServer server([](Conversation &client) {
-        client.say(greeting);
-        for (const QByteArray &answer : {wantsPassword, letsIn}) {
-            client.hear();
-            client.say(answer);
-        }
-        client.hear();
-        client.reached();
-        client.drip("215 Here\r\n");
-    });
+    HostileNntpServer server(endlessList());
     QElapsedTimer timer;
     {
         NewsWindow news(newsScenario(plainServer(server.port()), {}));
@@ -401,6 +408,16 @@ void TestHNewsgroupsPanel::quittingWhileTheListComesIsQuick()
         timer.start();
     }
     QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void TestHNewsgroupsPanel::aPanelThatGoesLeavesItsConnection()
+{
+    HostileNntpServer server(endlessList());
+    NewsWindow news(newsScenario(plainServer(server.port()), {}));
+    QVERIFY(news.logIn());
+    QVERIFY(server.waitUntilReached());
+    news.closeWindow();
+    QVERIFY(server.transcript().endsWith("LIST ACTIVE\r\n"));
 }
 
 QTEST_MAIN(TestHNewsgroupsPanel)

@@ -14,6 +14,7 @@ NewsgroupCacheReader::~NewsgroupCacheReader() = default;
 newsgroupcache::Contents NewsgroupCacheReader::take()
 {
     wait();
+    const std::lock_guard lock(m_mutex);
     return std::exchange(m_contents, {});
 }
 
@@ -26,5 +27,7 @@ void NewsgroupCacheReader::release(NewsgroupCacheReader *reader)
 
 void NewsgroupCacheReader::run()
 {
-    m_contents = newsgroupcache::read(m_file);
+    newsgroupcache::Contents contents = newsgroupcache::read(m_file);
+    const std::lock_guard lock(m_mutex);
+    m_contents = std::move(contents);
 }

@@ -6,6 +6,8 @@
 
 #include <QThread>
 
+#include <mutex>
+
 /// Reads the kept list of newsgroups once, on a thread of its own, because a disk may take its time.
 class NewsgroupCacheReader final : public QThread {
     Q_OBJECT
@@ -25,5 +27,6 @@ protected:
 
 private:
     const QString m_file;
-    newsgroupcache::Contents m_contents; ///< the thread's until it has ended
+    std::mutex m_mutex; ///< guards the contents
+    newsgroupcache::Contents m_contents;
 };
