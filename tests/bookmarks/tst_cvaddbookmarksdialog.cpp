@@ -144,10 +144,12 @@ void TestCVAddBookmarksDialog::everythingStandsInItsOrder()
     QVERIFY(layout);
     QCOMPARE(layout->count(), 3);
     const auto *label = qobject_cast<QLabel *>(layout->itemAt(0)->widget());
+    QVERIFY(label);
     QCOMPARE(label->text(), QStringLiteral("Select the location for the bookmarks:"));
     QCOMPARE(label->buddy(), tree(dialog));
     QCOMPARE(layout->itemAt(1)->widget(), tree(dialog));
     const auto *buttons = qobject_cast<QDialogButtonBox *>(layout->itemAt(2)->widget());
+    QVERIFY(buttons);
     QCOMPARE(buttons->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     QVERIFY(buttons->button(QDialogButtonBox::Ok)->isEnabled());
 }
