@@ -81,11 +81,12 @@ void TestCVAddBookmarksDialog::cleanup()
 
 CVAddBookmarksDialog *TestCVAddBookmarksDialog::open(const char *newsgroups)
 {
-    const QList<CVAddBookmarksDialog *> before = m_window->findChildren<CVAddBookmarksDialog *>();
+    const QWidgetList before = QApplication::topLevelWidgets();
     m_store->model().provider()->addBookmarks(words(newsgroups));
-    const QList<CVAddBookmarksDialog *> after = m_window->findChildren<CVAddBookmarksDialog *>();
-    for (CVAddBookmarksDialog *dialog : after) {
-        if (!before.contains(dialog)) {
+    const QWidgetList after = QApplication::topLevelWidgets();
+    for (QWidget *widget : after) {
+        auto *dialog = qobject_cast<CVAddBookmarksDialog *>(widget);
+        if (dialog && !before.contains(dialog)) {
             tree(dialog)->expandAll();
             return dialog;
         }
@@ -107,7 +108,6 @@ void TestCVAddBookmarksDialog::press(const QDialog *dialog, QDialogButtonBox::St
 void TestCVAddBookmarksDialog::anEmptyListOpensNoDialog()
 {
     QVERIFY(!open(""));
-    QVERIFY(m_window->findChildren<QDialog *>().isEmpty());
 }
 
 void TestCVAddBookmarksDialog::theDialogOpensInFrontOfTheWindowAndWaitsForNobody()
