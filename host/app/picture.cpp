@@ -14,8 +14,8 @@
 
 namespace {
 
-// The panels are filled in the same turn as the login; this lets them lay themselves out and be painted.
-constexpr int settling = 400; // milliseconds
+// Bookmarks and newsgroups come after the login; this lets them arrive and be painted.
+constexpr int settling = 1500; // milliseconds
 
 // More than one request may take; whoever hands over the password may never do it, and a keyring never
 // answer.

@@ -39,7 +39,7 @@
     <name>HNewsgroupsPanel</name>
     <message><source>Newsgroups</source><translation>Novaĵgrupoj</translation></message>
     <message><source>Filter by words</source><translation>Filtri per vortoj</translation></message>
-    <message><source>Add to Bookmarks…</source><translation>Aldoni al la legosignoj…</translation></message>
+    <message><source>Add to bookmarks…</source><translation>Aldoni al la legosignoj…</translation></message>
     <message><source>%1 of %2 newsgroups</source><translation>%1 el %2 novaĵgrupoj</translation></message>
 </context>
 <context>

@@ -174,6 +174,9 @@ void TestBookmarkMenuStories::theItemUnderThePointerIsDeletedNotTheSelectedOne()
         person.sees(QStringLiteral("comp.lang.c++ is selected"),
                     [&panel] { return panel.current() == QLatin1String("comp.lang.c++"); });
         person.rightClickOn(panel.row(programming(), python));
+        person.sees(QStringLiteral("a menu, and comp.lang.c++ still selected"), [&panel] {
+            return !menus::texts().isEmpty() && panel.current() == QLatin1String("comp.lang.c++");
+        });
         person.choose({QStringLiteral("Delete Bookmark")});
         panel.expect(person, programming(),
                      {QStringLiteral("comp.lang.c++"), QStringLiteral("comp.compilers"),

@@ -28,6 +28,7 @@ void TestHeaderText::aFieldIsReadAsAPersonReadsIt_data()
     QTest::newRow("a language") << QByteArray("=?us-ascii*en?Q?hi?=") << "hi";
     QTest::newRow("two words, the blank between them is none")
         << QByteArray("=?utf-8?q?a?= =?utf-8?q?b?=") << "ab";
+    QTest::newRow("two words without a blank") << QByteArray("=?utf-8?q?a?==?utf-8?q?b?=") << "ab";
     QTest::newRow("two character sets") << QByteArray("=?utf-8?q?a?=\t=?iso-8859-1?q?=fc?=") << "aü";
     QTest::newRow("a character in two words") << QByteArray("=?utf-8?q?=C3?= =?utf-8?q?=BC?=") << "ü";
     QTest::newRow("text between words") << QByteArray("x =?utf-8?q?a?= y =?utf-8?q?b?= z") << "x a y b z";

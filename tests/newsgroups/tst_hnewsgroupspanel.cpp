@@ -316,7 +316,7 @@ void TestHNewsgroupsPanel::theMenuOffersWhatCanBeDone()
     QStringList entries;
     for (const QAction *action : menu->actions())
         entries.append(action->text());
-    QCOMPARE(entries, (QStringList{QStringLiteral("Open"), QStringLiteral("Add to Bookmarks…"), QString(),
+    QCOMPARE(entries, (QStringList{QStringLiteral("Open"), QStringLiteral("Add to bookmarks…"), QString(),
                                    QStringLiteral("Refresh")}));
     menu->close();
     news.list()->setCurrentIndex(news.list()->model()->index(0, 0));

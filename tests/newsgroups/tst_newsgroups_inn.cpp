@@ -64,11 +64,12 @@ void TestNewsgroupsInn::open(const QStringList &names)
 
 void TestNewsgroupsInn::theListHasTheServersNewsgroups()
 {
-    QTRY_COMPARE(m_news->summary(), QStringLiteral("2 of 2 newsgroups"));
+    QTRY_COMPARE(m_news->summary(), QStringLiteral("3 of 3 newsgroups"));
     QCOMPARE(m_news->names(), (QStringList{QStringLiteral("misc.articles"), QStringLiteral("misc.stories"),
                                            QStringLiteral("misc.test")}));
     QCOMPARE(NewsWindow::texts(m_news->list(), 1),
-             (QStringList{QStringLiteral("Stories, all the shorter."), QStringLiteral("For tests.")}));
+             (QStringList{QStringLiteral("A few articles."), QStringLiteral("Stories, all the shorter."),
+                          QStringLiteral("Does it arrive?")}));
 }
 
 void TestNewsgroupsInn::aPageHasTheServersArticles()

@@ -61,6 +61,12 @@ void TestNewsgroupsLook::initTestCase()
 
 void TestNewsgroupsLook::keep(QWidget *widget, const QString &name)
 {
+    QCoreApplication::processEvents(); // the layouts follow the texts
+    const QList<QLabel *> labels = widget->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        if (label->isVisible() && label->wordWrap())
+            QTRY_VERIFY2(label->height() >= label->heightForWidth(label->width()), qPrintable(label->text()));
+    }
     const QString folder = QStringLiteral(PICTURE_FOLDER);
     QDir().mkpath(folder);
     const QString file = QStringLiteral("%1/%2-%3-x%4.png")
@@ -80,6 +86,7 @@ void TestNewsgroupsLook::thePanelsLookRight()
     QApplication::setPalette(palette);
     NewsWindow news;
     news.window().resize(1200, 700);
+    QTRY_COMPARE(news.summary(), QStringLiteral("Log in to load the newsgroups."));
     keep(&news.window(), QStringLiteral("newsgroups-logged-out"));
     QVERIFY(news.logIn());
     QTRY_VERIFY(news.names().contains(QStringLiteral("misc.test")));
@@ -124,13 +131,10 @@ void TestNewsgroupsLook::aProblemLooksRight()
                                                HIndex::AnyFacet);
     auto *page = news.find<QAbstractItemView>("articleList")->parentWidget();
     QTRY_VERIFY(!NewsWindow::label(page, "problem").isEmpty());
-    QCoreApplication::processEvents();
     keep(&news.window(), QStringLiteral("newsgroups-problem"));
     for (const QWidget *part : {news.panel(), page}) {
         const auto *again = NewsWindow::find<QPushButton>(part, "tryAgain");
         QVERIFY(again->width() >= again->sizeHint().width());
-        const auto *problem = NewsWindow::find<QLabel>(part, "problem");
-        QVERIFY(problem->height() >= problem->heightForWidth(problem->width()));
     }
 }
 

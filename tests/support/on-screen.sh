@@ -9,8 +9,10 @@ for program in Xvfb openbox xdotool; do
     }
 done
 
-# The server chooses a display that nobody has, so runs beside each other have one each.
-Xvfb -displayfd 3 -screen 0 2600x1800x24 -dpi 96 -nolisten tcp 3>"$HOME/display" 2>"$HOME/xvfb.log" &
+# The server chooses a display that nobody has, so runs beside each other have one each. It ends with this script,
+# however that ends, and does not begin anew whenever it has no client for a moment.
+setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 2600x1800x24 -dpi 96 -nolisten tcp -noreset \
+    3>"$HOME/display" 2>"$HOME/xvfb.log" &
 server=$!
 manager=
 leave() {
@@ -33,7 +35,7 @@ await() {
 await test -s "$HOME/display"
 DISPLAY=:$(cat "$HOME/display")
 export DISPLAY QT_QPA_PLATFORM=xcb
-openbox >"$HOME/openbox.log" 2>&1 &
+setpriv --pdeathsig TERM openbox >"$HOME/openbox.log" 2>&1 &
 manager=$!
 await xdotool get_num_desktops # answers as soon as the window manager is there
 "$@"

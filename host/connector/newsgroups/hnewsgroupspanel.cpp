@@ -14,13 +14,11 @@
 #include <halvora/hindex.h>
 #include <halvora/newsgroup.h>
 #include <halvora/pluginmanager.h>
-#include <halvora/stringformat.h>
 
 #include <QAction>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QLocale>
 #include <QMenu>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -55,11 +53,12 @@ HNewsgroupsPanel::HNewsgroupsPanel(ConnectorPlugin *plugin, QWidget *parent)
     , m_add(makeAction(this, "addBookmarks", "bookmark-add.svg"))
     , m_refresh(makeAction(this, "refreshNewsgroups", "refresh.svg"))
 {
+    build();
     setObjectName(QStringLiteral("NewsgroupsDock"));
     setFeatures(DockWidgetMovable | DockWidgetFloatable);
-    build();
     connectParts();
     retranslate();
+    followPalette();
     followBookmarks();
     updateActions();
 }
@@ -78,7 +77,7 @@ void HNewsgroupsPanel::build()
     m_view = new NewsgroupListView(content);
     m_view->setObjectName(QStringLiteral("newsgroupList"));
     m_view->setModel(m_model);
-    m_line = new LoadLine(content);
+    m_line = new LoadLine(QBoxLayout::TopToBottom, content);
     m_addButton = makeButton(content, "addButton", m_add);
     m_addButton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 
@@ -140,7 +139,19 @@ void HNewsgroupsPanel::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    else if (event->type() == QEvent::PaletteChange)
+        followPalette();
     FancyDockWidget::changeEvent(event);
+}
+
+// A palette that was made of a few colours has a black placeholder, whatever is behind it.
+void HNewsgroupsPanel::followPalette()
+{
+    QColor faint = palette().color(QPalette::Text);
+    faint.setAlpha(150);
+    QPalette own;
+    own.setColor(QPalette::PlaceholderText, faint);
+    m_filter->setPalette(own);
 }
 
 // A provider may register after the panel was made.
@@ -210,55 +221,4 @@ void HNewsgroupsPanel::updateActions()
     m_add->setEnabled(hasSelection && m_plugin->core()->plugin()->bookmarkProvider());
     m_refresh->setEnabled(m_list->state() != NewsgroupList::Loading &&
                           m_list->state() != NewsgroupList::Reading && !m_list->isLoginMissing());
-}
-
-void HNewsgroupsPanel::updateLine()
-{
-    const int progress = m_list->progress();
-    switch (m_list->state()) {
-    case NewsgroupList::Failed:
-        m_line->showProblem(m_list->message(), summary());
-        break;
-    case NewsgroupList::Idle:
-        m_line->showSummary(summary());
-        break;
-    case NewsgroupList::Reading:
-    case NewsgroupList::Loading:
-        if (!m_list->message().isEmpty())
-            m_line->showProgress(m_list->message());
-        else if (progress > 0)
-            m_line->showProgress(tr("%1 newsgroups loaded…").arg(QLocale().toString(progress)));
-        else
-            m_line->showProgress(tr("Loading the newsgroups…"));
-        break;
-    }
-    const QDateTime fetched = m_list->contents().fetched;
-    m_line->setToolTip(fetched.isValid()
-                           ? tr("As of %1").arg(StringFormat::dateTime(fetched, StringFormat::ShortDateTime))
-                           : QString());
-}
-
-QString HNewsgroupsPanel::summary() const
-{
-    const int count = m_model->table().count();
-    if (count > 0)
-        return tr("%1 of %2 newsgroups")
-            .arg(QLocale().toString(m_model->rowCount()), QLocale().toString(count));
-    if (m_list->isLoginMissing())
-        return tr("Log in to load the newsgroups.");
-    return m_list->contents().fetched.isValid() ? tr("The news server has no newsgroups.") : QString();
-}
-
-void HNewsgroupsPanel::retranslate()
-{
-    setWindowTitle(tr("Newsgroups"));
-    m_filter->setPlaceholderText(tr("Filter by words"));
-    m_filter->setAccessibleName(tr("Filter newsgroups"));
-    m_view->setAccessibleName(tr("Newsgroups"));
-    m_open->setText(tr("Open"));
-    m_add->setText(tr("Add to Bookmarks…"));
-    m_refresh->setText(tr("Refresh"));
-    m_refresh->setToolTip(tr("Load the list of newsgroups again"));
-    m_model->retranslate();
-    updateLine();
 }

@@ -34,6 +34,7 @@ private:
     QStringList selectedNames() const;
     void applyFilter();
     void takeContents();
+    void followPalette();
     void followBookmarks();
     void openCurrent();
     void addBookmarks();

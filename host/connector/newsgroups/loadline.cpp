@@ -5,11 +5,9 @@
 #include "lenienttext.h"
 
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -28,7 +26,7 @@ QLabel *addLabel(QWidget *parent, const char *name)
 
 } // namespace
 
-LoadLine::LoadLine(QWidget *parent)
+LoadLine::LoadLine(QBoxLayout::Direction direction, QWidget *parent)
     : QWidget(parent)
     , m_problem(addLabel(this, "problem"))
     , m_tryAgain(new QPushButton(this))
@@ -42,9 +40,9 @@ LoadLine::LoadLine(QWidget *parent)
     m_bar->setTextVisible(false);
     m_bar->setMaximumHeight(6);
 
-    auto *trouble = new QHBoxLayout;
+    auto *trouble = new QBoxLayout(direction);
     trouble->addWidget(m_problem, 1);
-    trouble->addWidget(m_tryAgain, 0, Qt::AlignTop);
+    trouble->addWidget(m_tryAgain, 0, Qt::AlignTop | Qt::AlignLeft);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QBoxLayout>
 #include <QWidget>
 
 class QLabel;
@@ -13,7 +14,8 @@ class QPushButton;
 class LoadLine final : public QWidget {
     Q_OBJECT
 public:
-    explicit LoadLine(QWidget *parent);
+    /// The button stands where @p direction leads from a problem.
+    LoadLine(QBoxLayout::Direction direction, QWidget *parent);
 
     void showSummary(const QString &text);
     /// With a bar that moves; @p text may say how much has come.

@@ -62,12 +62,10 @@ QVector<int> NewsgroupFilter::search(const QByteArray &word) const
     const QVector<int> &starts = m_table.foldedStarts();
     const char *begin = m_table.foldedText().constData();
     const char *end = begin + m_table.foldedText().size();
-    auto next = starts.cbegin();
-    for (const char *hit = find(begin, end, word); hit; hit = find(begin + *next, end, word)) {
-        next = std::upper_bound(next, starts.cend(), int(hit - begin));
+    for (const char *hit = find(begin, end, word); hit;) {
+        const auto next = std::upper_bound(starts.cbegin(), starts.cend(), int(hit - begin));
         rows.append(int(next - starts.cbegin()) - 1);
-        if (next == starts.cend())
-            break;
+        hit = next == starts.cend() ? nullptr : find(begin + *next, end, word);
     }
     return rows;
 }

@@ -13,19 +13,11 @@ namespace {
 
 constexpr int markSize = 16;
 
-QPixmap emptyMark()
-{
-    QPixmap pixmap(markSize, markSize);
-    pixmap.fill(Qt::transparent);
-    return pixmap;
-}
-
 } // namespace
 
 NewsgroupListModel::NewsgroupListModel(QObject *parent)
     : QAbstractTableModel(parent)
     , m_mark(hSvgPixmap(QStringLiteral(":/icons/bookmark.svg"), markSize))
-    , m_noMark(emptyMark())
 {
 }
 
@@ -126,9 +118,7 @@ QVariant NewsgroupListModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return index.column() == NameColumn ? name(index.row()) : m_table.description(tableRow(index.row()));
     case Qt::DecorationRole:
-        if (index.column() == NameColumn)
-            return isBookmarked(index.row()) ? m_mark : m_noMark;
-        return {};
+        return index.column() == NameColumn && isBookmarked(index.row()) ? QVariant(m_mark) : QVariant();
     case Qt::ToolTipRole:
         return toolTip(index.row());
     case Qt::AccessibleDescriptionRole:

@@ -55,5 +55,4 @@ private:
     NewsgroupFilter m_filter;
     QPointer<BookmarkProvider> m_bookmarks;
     const QPixmap m_mark;
-    const QPixmap m_noMark; ///< as large, so that the names stand below each other
 };

@@ -32,6 +32,14 @@ void NewsgroupListView::setModel(QAbstractItemModel *model)
     arrangeColumns();
 }
 
+// Behind the names a mark leaves them standing below each other.
+QStyleOptionViewItem NewsgroupListView::viewOptions() const
+{
+    QStyleOptionViewItem option = ExtendedTreeView::viewOptions();
+    option.decorationPosition = QStyleOptionViewItem::Right;
+    return option;
+}
+
 void NewsgroupListView::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {

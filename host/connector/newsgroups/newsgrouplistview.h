@@ -17,6 +17,7 @@ Q_SIGNALS:
     void openRequested();
 
 protected:
+    QStyleOptionViewItem viewOptions() const override;
     void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 

@@ -168,7 +168,7 @@ bool NntpSession::prepare(const QByteArray &command)
 /// The reply with @p code, or trouble.
 NntpReply NntpSession::ask(const QByteArray &command, int code)
 {
-    const NntpReply reply = prepare(command) ? exchange(command) : NntpReply();
+    NntpReply reply = prepare(command) ? exchange(command) : NntpReply();
     // The work has begun, so it can not wait for a connection and begin once more.
     if (m_trouble == Trouble::TooManyConnections)
         m_trouble = Trouble::Refused;

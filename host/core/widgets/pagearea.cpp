@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "pagearea.h"
 
+#include "pageclosebutton.h"
 #include "plaintooltip.h"
 
 #include <QEvent>
 #include <QShortcut>
+#include <QStyle>
 #include <QTabBar>
 
 PageArea::PageArea(QWidget *parent)
@@ -13,11 +15,9 @@ PageArea::PageArea(QWidget *parent)
 {
     setObjectName(QStringLiteral("halvora.pages"));
     setDocumentMode(true);
-    setTabsClosable(true);
     setTabBarAutoHide(true);
     setUsesScrollButtons(true);
     setElideMode(Qt::ElideRight);
-    connect(this, &QTabWidget::tabCloseRequested, this, &PageArea::closePage);
     const auto *shortcut = new QShortcut(QKeySequence::Close, this);
     connect(shortcut, &QShortcut::activated, this, [this] { closePage(currentIndex()); });
 }
@@ -27,8 +27,6 @@ void PageArea::setHome(QWidget *page)
     delete m_home;
     m_home = page;
     insertTab(0, page, QString());
-    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
-        tabBar()->setTabButton(0, side, nullptr);
     setCurrentIndex(0);
     retranslate();
 }
@@ -37,10 +35,19 @@ void PageArea::open(QWidget *page)
 {
     if (indexOf(page) < 0) {
         addTab(page, QString());
+        addCloseButton(page);
         followTitle(page);
         connect(page, &QWidget::windowTitleChanged, this, [this, page] { followTitle(page); });
     }
     setCurrentWidget(page); // the keys stay where they are, with what the page was opened from
+}
+
+void PageArea::addCloseButton(QWidget *page)
+{
+    auto *button = new PageCloseButton(tabBar());
+    connect(button, &QAbstractButton::clicked, page, [this, page] { closePage(indexOf(page)); });
+    const auto side = style()->styleHint(QStyle::SH_TabBar_CloseButtonPosition, nullptr, tabBar());
+    tabBar()->setTabButton(indexOf(page), QTabBar::ButtonPosition(side), button);
 }
 
 QWidget *PageArea::find(const QString &name) const

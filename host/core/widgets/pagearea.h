@@ -22,6 +22,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void addCloseButton(QWidget *page);
     void closePage(int index);
     void followTitle(QWidget *page);
     void retranslate();

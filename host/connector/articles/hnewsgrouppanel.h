@@ -41,6 +41,8 @@ protected:
 private:
     void build(bool hasSeveral);
     void buildView(bool hasSeveral);
+    void arrangeColumns();
+    void resizeColumn(int column, const QString &widest);
     void connectParts();
     void takeKind();
     void loadWhenNeeded();

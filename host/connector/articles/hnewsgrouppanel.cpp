@@ -5,18 +5,21 @@
 #include "articlefiltermodel.h"
 #include "articlelist.h"
 #include "articlelistmodel.h"
-#include "loadline.h"
+#include "newsgroups/loadline.h"
 
 #include <halvora/connectorplugin.h>
 #include <halvora/extendedtreeview.h>
+#include <halvora/stringformat.h>
 
 #include <QComboBox>
+#include <QDateTime>
 #include <QEvent>
 #include <QHeaderView>
 #include <QIcon>
 #include <QLocale>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -35,7 +38,7 @@ HNewsgroupPanel::HNewsgroupPanel(ConnectorPlugin *plugin, const QString &title,
     , m_kind(new QComboBox(this))
     , m_refresh(new QToolButton(this))
     , m_view(new ExtendedTreeView(this))
-    , m_line(new LoadLine(this))
+    , m_line(new LoadLine(QBoxLayout::LeftToRight, this))
     , m_more(new QPushButton(this))
 {
     setObjectName(pageName(title, newsgroups));
@@ -101,13 +104,27 @@ void HNewsgroupPanel::buildView(bool hasSeveral)
     QHeaderView *header = m_view->header();
     header->setStretchLastSection(false);
     header->setSectionsMovable(false);
-    header->setSectionResizeMode(ArticleListModel::SubjectColumn, QHeaderView::Stretch);
-    const int letter = fontMetrics().averageCharWidth();
-    header->resizeSection(ArticleListModel::PosterColumn, letter * 22);
-    header->resizeSection(ArticleListModel::NewsgroupColumn, letter * 22);
-    header->resizeSection(ArticleListModel::DateColumn, letter * 20);
-    header->resizeSection(ArticleListModel::SizeColumn, letter * 12);
+    const QDateTime longDate(QDate(2000, 12, 30), QTime(20, 50, 50));
+    resizeColumn(ArticleListModel::PosterColumn, QString(14, QLatin1Char('n')));
+    resizeColumn(ArticleListModel::NewsgroupColumn, QString(14, QLatin1Char('n')));
+    resizeColumn(ArticleListModel::DateColumn, StringFormat::dateTime(longDate, StringFormat::ShortDateTime));
+    resizeColumn(ArticleListModel::SizeColumn, tr("1,000 bytes", "as wide as a size gets"));
     m_view->setColumnHidden(ArticleListModel::NewsgroupColumn, !hasSeveral);
+}
+
+// The subjects have what the other columns leave, but so much at least that they can be told apart.
+void HNewsgroupPanel::arrangeColumns()
+{
+    QHeaderView *header = m_view->header();
+    const int others = header->length() - header->sectionSize(ArticleListModel::SubjectColumn);
+    const int least = fontMetrics().averageCharWidth() * 30;
+    header->resizeSection(ArticleListModel::SubjectColumn, qMax(least, m_view->viewport()->width() - others));
+}
+
+void HNewsgroupPanel::resizeColumn(int column, const QString &widest)
+{
+    const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, m_view) + 1);
+    m_view->header()->resizeSection(column, fontMetrics().horizontalAdvance(widest) + 2 * margin);
 }
 
 void HNewsgroupPanel::connectParts()
@@ -124,6 +141,9 @@ void HNewsgroupPanel::connectParts()
         m_invisiblePieces = 0;
         loadWhenNeeded();
     });
+    // With the first articles too many for the page a scroll bar takes some of its width.
+    connect(m_view->verticalScrollBar(), &QScrollBar::rangeChanged, this, &HNewsgroupPanel::arrangeColumns,
+            Qt::QueuedConnection);
     connect(m_kind, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &HNewsgroupPanel::takeKind);
     connect(m_refresh, &QToolButton::clicked, this, &HNewsgroupPanel::reload);
     connect(m_more, &QPushButton::clicked, m_list, &ArticleList::loadMore);
@@ -214,6 +234,7 @@ void HNewsgroupPanel::changeEvent(QEvent *event)
 void HNewsgroupPanel::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
+    arrangeColumns();
     loadWhenNeeded();
 }
 

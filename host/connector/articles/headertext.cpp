@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "headertext.h"
 
-#include "lenienttext.h"
+#include "newsgroups/lenienttext.h"
 
 #include <QTextCodec>
 

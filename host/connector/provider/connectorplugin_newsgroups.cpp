@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <halvora/connectorplugin.h>
 
-#include "hnewsgrouppanel.h"
-#include "hnewsgroupspanel.h"
+#include "articles/hnewsgrouppanel.h"
+#include "newsgroups/hnewsgroupspanel.h"
 
 #include <halvora/core.h>
 #include <halvora/mainwindow.h>

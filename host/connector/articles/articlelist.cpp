@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "articlelist.h"
 
-#include "newsfailuretext.h"
+#include "newsgroups/newsfailuretext.h"
 
 #include <halvora/connector.h>
 #include <halvora/connectorplugin.h>
