@@ -64,6 +64,13 @@ void addColors()
     QTest::newRow("blue") << QByteArray("blue") << QStringLiteral("Blue");
 }
 
+/// The entries of the submenu @p title; none when there is no such.
+QList<QAction *> submenu(const QMenu &menu, const char *title)
+{
+    const QAction *entry = menuEntry(menu, QString::fromLatin1(title));
+    return entry && entry->menu() ? entry->menu()->actions() : QList<QAction *>();
+}
+
 } // namespace
 
 void TestBookmarkMenus::init()
@@ -82,7 +89,7 @@ QStringList TestBookmarkMenus::checked(const QModelIndex &index, const char *tit
 {
     QStringList texts;
     m_panel->openMenu(index, [title, &texts](const QMenu &menu) {
-        const QList<QAction *> colors = menuEntry(menu, QString::fromLatin1(title))->menu()->actions();
+        const QList<QAction *> colors = submenu(menu, title);
         for (const QAction *color : colors) {
             if (color->isChecked())
                 texts.append(color->text());
@@ -95,7 +102,9 @@ QStringList TestBookmarkMenus::submenuTexts(const QModelIndex &index, const char
 {
     QStringList texts;
     m_panel->openMenu(index, [title, &texts](const QMenu &menu) {
-        texts = menuTexts(*menuEntry(menu, QString::fromLatin1(title))->menu());
+        const QList<QAction *> colors = submenu(menu, title);
+        for (const QAction *color : colors)
+            texts.append(color->text());
     });
     return texts;
 }
@@ -212,7 +221,9 @@ void TestBookmarkMenus::theSubmenuOfAFolderHasItsIcon()
     setColor(folder(), name);
     QImage shown;
     QVERIFY(m_panel->openMenu(folder(), [&shown](const QMenu &menu) {
-        shown = menuEntry(menu, QStringLiteral("Folder Color"))->icon().pixmap(16, 16).toImage();
+        const QAction *entry = menuEntry(menu, QStringLiteral("Folder Color"));
+        QVERIFY(entry);
+        shown = entry->icon().pixmap(16, 16).toImage();
     }));
     const QIcon icon(QStringLiteral(":/corvia/bookmarks/folder_%1.png").arg(QString::fromLatin1(name)));
     QCOMPARE(shown, icon.pixmap(16, 16).toImage());
