@@ -9,7 +9,12 @@ NewsgroupCacheReader::NewsgroupCacheReader(const QString &file)
 {
 }
 
-NewsgroupCacheReader::~NewsgroupCacheReader() = default;
+// What nobody took goes under the mutex too: the thread that wrote it has ended, but not for everybody to
+// see.
+NewsgroupCacheReader::~NewsgroupCacheReader()
+{
+    take();
+}
 
 newsgroupcache::Contents NewsgroupCacheReader::take()
 {
