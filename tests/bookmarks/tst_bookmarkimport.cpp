@@ -40,6 +40,8 @@ private Q_SLOTS:
     void whatALogoutOvertookIsNotImported();
     void strangeRepliesAreImportedAsTheyAre_data();
     void strangeRepliesAreImportedAsTheyAre();
+    void tenThousandFoldersAreImported();
+    void aFolderWithoutANameEndsTheRequestAtItsDeadline_data();
     void aFolderWithoutANameEndsTheRequestAtItsDeadline();
     void clearingWhileConnectedImportsAgain();
     void clearingWhileNotConnectedAsksNobody();
@@ -354,6 +356,8 @@ void TestBookmarkImport::strangeRepliesAreImportedAsTheyAre_data()
     row("a newsgroup twice in a folder", folder("A", {"a", "a"}), {a},
         {QStringLiteral("a"), QStringLiteral("a")});
     row("two folders of one name", folder("A", {"a"}) + folder("A", {}), {a, a}, {QStringLiteral("a")});
+    row("empty and blank newsgroups", folder("A", {"", "a", " ", "b", "\n"}), {a},
+        {QStringLiteral("a"), QStringLiteral("b")});
     row("a newsgroup at the top", "<newsgroup>a</newsgroup>" + folder("B", {}), {b}, {});
     row("a folder in a folder",
         "<folder><name>A</name>" + folder("B", {"b"}) + "<newsgroup>a</newsgroup></folder>", {a},
@@ -377,12 +381,35 @@ void TestBookmarkImport::strangeRepliesAreImportedAsTheyAre()
     QTEST(names(m_model->index(0, 0)), "first");
 }
 
+void TestBookmarkImport::tenThousandFoldersAreImported()
+{
+    std::string folders;
+    for (int i = 0; i < 10'000; ++i)
+        folders += folder("F" + std::to_string(i), {});
+    answerWith(folders);
+    logIn();
+    QTRY_COMPARE_WITH_TIMEOUT(m_model->rowCount(), 10'000, 60'000);
+    QCOMPARE(m_model->index(9'999, 0).data().toString(), QStringLiteral("F9999"));
+    QCOMPARE(rows().size(), 10'000);
+}
+
+// White space alone is no name either: the document keeps none of it.
+void TestBookmarkImport::aFolderWithoutANameEndsTheRequestAtItsDeadline_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("empty") << QStringLiteral("<name/>");
+    QTest::newRow("blank") << QStringLiteral("<name>  </name>");
+    QTest::newRow("none") << QString();
+}
+
 void TestBookmarkImport::aFolderWithoutANameEndsTheRequestAtItsDeadline()
 {
+    QFETCH(QString, name);
     answerWith({});
     logIn();
     waitForTheQueue();
-    answerWith(folder("One", {"a.a"}) + "<folder><name/><newsgroup>b</newsgroup></folder>");
+    answerWith(folder("One", {"a.a"}) + "<folder>" + name.toStdString() +
+               "<newsgroup>b</newsgroup></folder>");
     server().setRequestDeadline(1000);
     m_model->connectorStateChanged(HServer::Connected);
     QTRY_COMPARE(m_failures, 1);

@@ -289,7 +289,7 @@ void tst_NntpSession::wordsTellThatThereAreTooManyConnections_data()
     row("452 connections exceeded", Trouble::TooManyConnections);
     row("502 No connections from there", Trouble::Refused);
     row("502 Too many articles", Trouble::Refused);
-    row("481 Too many connections", Trouble::Refused);
+    row("481 Too many connections", Trouble::TooManyConnections);
 }
 
 void tst_NntpSession::wordsTellThatThereAreTooManyConnections()

@@ -93,7 +93,7 @@ QStringList two()
 
 void TestHNewsgroupsPanel::keep(NewsWindow &news, const QByteArrayList &groups, const QDateTime &fetched)
 {
-    QVERIFY(newsgroupcache::write(news.cacheFile(), {tableOf(groups), fetched}));
+    QVERIFY(newsgroupcache::write(news.cacheFile(), {tableOf(groups), fetched, server}));
     news.restart();
 }
 

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void markupInAToolTipIsShownAsItIs();
+    void linesAndBlanksInAToolTipAreKept();
     void theToolTipOfNestedTablesIsCutOff();
     void withoutAToolTipNoneIsShown_data();
     void withoutAToolTipNoneIsShown();
@@ -63,6 +64,18 @@ void TestExtendedTreeView::markupInAToolTipIsShownAsItIs()
     const QString name = QStringLiteral("<b>bold</b> & <img src=x>");
     m_model->item(0)->setToolTip(name);
     QCOMPARE(toolTipAt(middle()), name);
+}
+
+void TestExtendedTreeView::linesAndBlanksInAToolTipAreKept()
+{
+    const auto shown = [this](const char *text) {
+        m_model->item(0)->setToolTip(QString::fromLatin1(text));
+        QToolTip::hideText();
+        toolTipAt(middle());
+        return QLabel(QToolTip::text()).sizeHint();
+    };
+    QVERIFY(shown("a\nb").height() > shown("a b").height());
+    QVERIFY(shown("a   b").width() > shown("a b").width());
 }
 
 void TestExtendedTreeView::theToolTipOfNestedTablesIsCutOff()

@@ -164,6 +164,12 @@ void HNewsgroupPanel::reload()
     m_list->reload();
 }
 
+void HNewsgroupPanel::reloadAfterFailure()
+{
+    if (m_list->state() == ArticleList::Failed)
+        reload();
+}
+
 void HNewsgroupPanel::takeKind()
 {
     m_shown->setKind(ArticleFilterModel::Kind(m_kind->currentIndex()));
@@ -235,6 +241,13 @@ void HNewsgroupPanel::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     arrangeColumns();
+    loadWhenNeeded();
+}
+
+// What was read while another page stood in front may fill less than this one.
+void HNewsgroupPanel::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
     loadWhenNeeded();
 }
 

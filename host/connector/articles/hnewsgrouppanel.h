@@ -33,10 +33,13 @@ public:
     /// Begins with the articles that @p facet stands for; the others are a choice away.
     void setFacet(HIndex::MediaFacet facet);
     void reload();
+    /// The same, if the last attempt failed.
+    void reloadAfterFailure();
 
 protected:
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void build(bool hasSeveral);

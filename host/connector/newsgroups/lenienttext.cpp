@@ -57,5 +57,7 @@ QString lenienttext::oneLine(const QString &text, int longest)
 QString lenienttext::toolTip(const QString &text)
 {
     // Without a tag of our own around it, a tool tip is plain or rich as its text happens to look.
-    return text.isEmpty() ? QString() : QLatin1String("<p>") + text.toHtmlEscaped() + QLatin1String("</p>");
+    return text.isEmpty() ? QString()
+                          : QLatin1String("<p style=\"white-space:pre-wrap\">") + text.toHtmlEscaped() +
+                                QLatin1String("</p>");
 }

@@ -18,10 +18,10 @@ constexpr quint32 version = 1;
 constexpr qint64 mostBytes = qint64(512) * 1024 * 1024;
 constexpr qint64 latestTime = 253402300799999; // the end of the year 9999, in milliseconds
 
-QByteArray checksum(const QByteArray &time, const QByteArray &text)
+QByteArray checksum(const QByteArray &origin, const QByteArray &text)
 {
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    hash.addData(time);
+    hash.addData(origin);
     hash.addData(text);
     return hash.result();
 }
@@ -55,18 +55,20 @@ newsgroupcache::Contents newsgroupcache::read(const QString &file)
     stream.setVersion(QDataStream::Qt_5_12);
     quint32 foundMark = 0;
     quint32 foundVersion = 0;
-    QByteArray time;
+    QByteArray origin; // the time, a blank and the server
     QByteArray sum;
     stream >> foundMark >> foundVersion;
     if (foundMark != mark || foundVersion != version)
         return {};
-    stream >> time >> sum;
+    stream >> origin >> sum;
     const QByteArray text = source.readAll();
-    const qint64 fetched = time.toLongLong();
-    if (stream.status() != QDataStream::Ok || sum != checksum(time, text) || fetched < 1 ||
+    const int blank = origin.indexOf(' ');
+    const qint64 fetched = origin.left(blank).toLongLong();
+    if (stream.status() != QDataStream::Ok || sum != checksum(origin, text) || fetched < 1 ||
         fetched > latestTime)
         return {};
-    return {tableOf(text), QDateTime::fromMSecsSinceEpoch(fetched, Qt::UTC)};
+    const QString server = blank < 0 ? QString() : QString::fromUtf8(origin.mid(blank + 1));
+    return {tableOf(text), QDateTime::fromMSecsSinceEpoch(fetched, Qt::UTC), server};
 }
 
 bool newsgroupcache::write(const QString &file, const Contents &contents)
@@ -78,10 +80,11 @@ bool newsgroupcache::write(const QString &file, const Contents &contents)
     if (!target.open(QIODevice::WriteOnly))
         return false;
     const QByteArray time = QByteArray::number(contents.fetched.toMSecsSinceEpoch());
+    const QByteArray origin = time + ' ' + contents.server.toUtf8();
     const QByteArray text = contents.table.text();
     QDataStream stream(&target);
     stream.setVersion(QDataStream::Qt_5_12);
-    stream << mark << version << time << checksum(time, text);
+    stream << mark << version << origin << checksum(origin, text);
     target.write(text);
     return target.commit();
 }

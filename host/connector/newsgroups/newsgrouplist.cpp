@@ -54,6 +54,13 @@ bool NewsgroupList::isLoginMissing() const
     return !m_connector->isLoginAvailable();
 }
 
+// Another account may have other newsgroups.
+QString NewsgroupList::server() const
+{
+    const QList<NntpHost> hosts = m_connector->nntpHosts();
+    return hosts.isEmpty() ? QString() : hosts.constFirst().host();
+}
+
 int NewsgroupList::progress() const
 {
     return m_task ? m_task->count() : 0;
@@ -91,7 +98,7 @@ void NewsgroupList::refreshIfStale()
     // A clock that was wrong when the list came must not keep it for years.
     const QDateTime now = QDateTime::currentDateTimeUtc();
     const bool isFresh = m_contents.fetched.isValid() && m_contents.fetched <= now &&
-                         m_contents.fetched.secsTo(now) < freshSeconds;
+                         m_contents.fetched.secsTo(now) < freshSeconds && m_contents.server == server();
     if (!isFresh)
         refresh();
 }
@@ -100,7 +107,7 @@ void NewsgroupList::refresh()
 {
     if (m_state == Reading || m_state == Loading || !m_distributor)
         return;
-    m_task = QSharedPointer<NewsgroupListTask>::create(m_cacheFile);
+    m_task = QSharedPointer<NewsgroupListTask>::create(m_cacheFile, server());
     connect(m_task.data(), &NntpTask::progressed, this, [this] { setState(Loading); });
     connect(m_task.data(), &NntpTask::delayed, this,
             [this](int seconds) { setState(Loading, NewsFailureText::delay(seconds)); });

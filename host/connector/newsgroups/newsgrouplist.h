@@ -55,6 +55,7 @@ Q_SIGNALS:
     void stateChanged();
 
 private:
+    QString server() const;
     void finishReading();
     void finishLoading();
     void refreshIfStale();

@@ -15,8 +15,9 @@ constexpr int progressStep = 2000;
 
 } // namespace
 
-NewsgroupListTask::NewsgroupListTask(const QString &cacheFile)
+NewsgroupListTask::NewsgroupListTask(const QString &cacheFile, const QString &server)
     : m_cacheFile(cacheFile)
+    , m_server(server)
 {
 }
 
@@ -48,7 +49,7 @@ bool NewsgroupListTask::run(NntpSession &session)
         return false;
     if (isCancelled())
         return false;
-    m_contents = {builder.take(), QDateTime::currentDateTimeUtc()};
+    m_contents = {builder.take(), QDateTime::currentDateTimeUtc(), m_server};
     newsgroupcache::write(m_cacheFile, m_contents);
     return true;
 }

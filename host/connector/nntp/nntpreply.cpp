@@ -67,7 +67,7 @@ NntpReply::NntpReply(const QByteArray &line, const QByteArray &secret)
 
 bool NntpReply::isTooManyConnections() const
 {
-    static constexpr std::array<int, 4> codes = {400, 452, 482, 502};
+    static constexpr std::array<int, 5> codes = {400, 452, 481, 482, 502};
     if (std::find(codes.cbegin(), codes.cend(), m_code) == codes.cend() || !says(m_text, "connection"))
         return false;
     return says(m_text, "too many") || says(m_text, "limit") || says(m_text, "maximum") ||

@@ -30,10 +30,12 @@ void ConnectorPlugin::showNewsgroupPanel(const QString &title, const QList<Newsg
         return;
     const QString name = HNewsgroupPanel::pageName(title, newsgroups);
     auto *page = qobject_cast<HNewsgroupPanel *>(window->findPage(name));
-    if (page)
-        page->reload();
-    else
+    if (page) {
+        // Whoever comes back finds the page as it was left; it has a button of its own to load it again.
+        page->reloadAfterFailure();
+    } else {
         page = new HNewsgroupPanel(this, title, newsgroups);
-    page->setFacet(facet);
+        page->setFacet(facet);
+    }
     window->openPage(page);
 }

@@ -16,5 +16,6 @@ QString plainToolTip(const QString &text)
     if (shown.size() < text.size())
         shown += QChar(0x2026);
     // Without a tag of our own around it, a tool tip is plain or rich as its text happens to look.
-    return QLatin1String("<p>") + shown.toHtmlEscaped() + QLatin1String("</p>");
+    return QLatin1String("<p style=\"white-space:pre-wrap\">") + shown.toHtmlEscaped() +
+           QLatin1String("</p>");
 }
