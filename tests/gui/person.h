@@ -11,7 +11,6 @@
 #include <optional>
 #include <stdexcept>
 
-class QMenu;
 class QWidget;
 
 /// Why a person's story can not go on: one sentence.

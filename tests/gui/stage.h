@@ -5,10 +5,7 @@
 #include "person.h"
 #include "runningprogram.h"
 
-#include <QPointer>
-
 class QAbstractItemView;
-class QLineEdit;
 
 /// The program on the screen, and a person who uses it. GUI thread but for what is said to answer spots.
 class Stage {

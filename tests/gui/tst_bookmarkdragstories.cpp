@@ -1,12 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkpanel.h"
+#include "newsgroupspanel.h"
 #include "stage.h"
 
-#include <QDataStream>
-#include <QMimeData>
 #include <QTest>
-#include <QTreeView>
 
 /// A person arranges bookmarks by dragging them, and renames folders in place.
 class TestBookmarkDragStories : public QObject {
@@ -169,20 +167,15 @@ void TestBookmarkDragStories::aBookmarkIsRefusedWhereItIsAlready()
 {
     Stage stage;
     const BookmarkPanel panel(stage);
+    const NewsgroupsPanel newsgroups(stage);
     const QString pictures = QStringLiteral("Pictures");
-    stage.play([&panel, &pictures](Person &person) {
+    stage.play([&panel, &newsgroups, &pictures](Person &person) {
         panel.logIn(person);
         panel.unfold(person, programming());
-        // A second bookmark of the same newsgroup, by way of another folder.
-        person.ask([&panel, &pictures] {
-            QAbstractItemModel *model = panel.view()->model();
-            QMimeData data;
-            QByteArray bytes;
-            QDataStream stream(&bytes, QIODevice::WriteOnly);
-            stream << python();
-            data.setData(QStringLiteral("application/x-halvora.plain.newsgroup"), bytes);
-            model->dropMimeData(&data, Qt::CopyAction, -1, 0, panel.index(QString(), pictures));
-        });
+        newsgroups.lookFor(person, QStringLiteral("lang python"), python());
+        person.drag(newsgroups.row(python()), panel.folder(pictures));
+        person.sees(QStringLiteral("a second bookmark of comp.lang.python"),
+                    [&panel, &pictures] { return panel.names(pictures).contains(python()); });
         const auto before = person.learns<QStringList>([&panel, &pictures] { return panel.names(pictures); });
         person.pickUp(panel.row(programming(), python()));
         person.carryTo(panel.folder(pictures));
