@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "figures.h"
+#include "newsgrouptablebuilder.h"
 #include "hostilenntpserver.h"
 
 #include <halvora/core.h>
@@ -110,7 +111,8 @@ struct Parsed {
     }
 };
 
-double sessionTime(Core &core, quint16 port)
+/// One LIST ACTIVE, each line of which goes to @p add.
+double sessionTime(Core &core, quint16 port, const NntpSession::LineSink &add)
 {
     NntpSession session(&core);
     NntpAccount account;
@@ -119,14 +121,32 @@ double sessionTime(Core &core, quint16 port)
     account.password = QStringLiteral("b");
     if (!session.open(account))
         std::puts("no login");
+    return milliseconds([&] { session.lines(QByteArrayLiteral("LIST ACTIVE"), 215, add); });
+}
+
+double parseTime(Core &core, quint16 port)
+{
     Parsed parsed;
-    const double time = milliseconds([&] {
-        session.lines(QByteArrayLiteral("LIST ACTIVE"), 215,
-                      [&parsed](const char *line, int length) { return parsed.add(line, length); });
-    });
+    const double time =
+        sessionTime(core, port, [&parsed](const char *line, int length) { return parsed.add(line, length); });
     if (parsed.groups != groups || parsed.moderated != groups / 2 || parsed.nameBytes < groups)
         std::printf("only %d groups came\n", parsed.groups);
     return time;
+}
+
+/// The same into the sorted table that the panel shows.
+double tableTime(Core &core, quint16 port)
+{
+    NewsgroupTableBuilder builder;
+    const double listing = sessionTime(core, port, [&builder](const char *line, int length) {
+        builder.addGroup(line, length);
+        return true;
+    });
+    NewsgroupTable table;
+    const double sorting = milliseconds([&] { table = builder.take(); });
+    if (table.count() != groups)
+        std::printf("only %d groups were kept\n", table.count());
+    return listing + sorting;
 }
 
 } // namespace
@@ -140,13 +160,17 @@ int main(int argc, char **argv)
     HostileNntpServer server(servingList(list));
     QVector<double> raw;
     QVector<double> parsed;
+    QVector<double> kept;
     for (int round = 0; round < rounds; ++round) {
         raw.append(rawTime(server.port(), list.size()));
-        parsed.append(sessionTime(core, server.port()));
+        parsed.append(parseTime(core, server.port()));
+        kept.append(tableTime(core, server.port()));
     }
     std::printf("%-34s %10s\n", "list of 110,000 newsgroups", "ms");
     std::printf("  %-32s %10.2f\n", "bytes from the socket", median(raw));
     std::printf("  %-32s %10.2f\n", "lines, taken apart", median(parsed));
-    std::printf("%-34s %10.2f\n", "speed against the bare bytes", median(raw) / median(parsed));
+    std::printf("  %-32s %10.2f\n", "kept and sorted, on a worker", median(kept));
+    std::printf("%-34s %10.2f   reach at least 0.5\n", "lines against the bare bytes",
+                median(raw) / median(parsed));
     return 0;
 }

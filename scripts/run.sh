@@ -56,7 +56,7 @@ done
 
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     [ -n "$picture" ] || picture=$PWD/build/halvora.png
-    exec 3< <(exec Xvfb -displayfd 1 -screen 0 1400x1000x24 -nolisten tcp 2>/dev/null)
+    exec 3< <(exec Xvfb -displayfd 1 -noreset -screen 0 1400x1000x24 -nolisten tcp 2>/dev/null)
     pids+=($!)
     read -r number <&3
     export DISPLAY=:$number

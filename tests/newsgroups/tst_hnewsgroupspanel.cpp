@@ -50,7 +50,8 @@ private Q_SLOTS:
     void aPanelThatGoesLeavesItsConnection();
 
 private:
-    static void keep(NewsWindow &news, const QByteArrayList &groups, const QDateTime &fetched);
+    static void keep(NewsWindow &news, const QByteArrayList &groups, const QDateTime &fetched,
+                     const QString &server = QStringLiteral("127.0.0.1"));
 };
 
 namespace {
@@ -91,7 +92,8 @@ QStringList two()
 
 } // namespace
 
-void TestHNewsgroupsPanel::keep(NewsWindow &news, const QByteArrayList &groups, const QDateTime &fetched)
+void TestHNewsgroupsPanel::keep(NewsWindow &news, const QByteArrayList &groups, const QDateTime &fetched,
+                                const QString &server)
 {
     QVERIFY(newsgroupcache::write(news.cacheFile(), {tableOf(groups), fetched, server}));
     news.restart();
@@ -165,21 +167,25 @@ void TestHNewsgroupsPanel::theKeptListIsThereBeforeTheLogin()
 void TestHNewsgroupsPanel::aFreshListIsNotAskedForAgain_data()
 {
     QTest::addColumn<int>("hours");
+    QTest::addColumn<QString>("from");
     QTest::addColumn<bool>("isAsked");
-    QTest::newRow("fresh") << -23 << false;
-    QTest::newRow("a day old") << -25 << true;
-    QTest::newRow("from a clock that was wrong") << 5 << true;
+    const QString here = QStringLiteral("127.0.0.1");
+    QTest::newRow("fresh") << -23 << here << false;
+    QTest::newRow("a day old") << -25 << here << true;
+    QTest::newRow("from a clock that was wrong") << 5 << here << true;
+    QTest::newRow("from another news server") << -1 << QStringLiteral("news.example") << true;
 }
 
 void TestHNewsgroupsPanel::aFreshListIsNotAskedForAgain()
 {
     QFETCH(int, hours);
+    QFETCH(QString, from);
     QFETCH(bool, isAsked);
     const auto script = Scripts::answering(
         {wantsPassword, letsIn, "215 Here\r\na.a 1 1 y\r\nb.b 1 1 y\r\n.\r\n", "503 No descriptions\r\n"});
     HostileNntpServer server(script);
     NewsWindow news(newsScenario(plainServer(server.port()), {}));
-    keep(news, {"kept.group"}, QDateTime::currentDateTimeUtc().addSecs(qint64(hours) * 3600));
+    keep(news, {"kept.group"}, QDateTime::currentDateTimeUtc().addSecs(qint64(hours) * 3600), from);
     QTRY_COMPARE(news.names(), QStringList{QStringLiteral("kept.group")});
     QVERIFY(news.logIn());
     if (isAsked) {

@@ -72,7 +72,8 @@ void TestNewsgroupBookmarks::init()
     m_plugin = std::make_unique<CVConnectorPlugin>(m_core.get());
     const QString file = QDir(m_core->storage()->dataDirectory())
                              .filePath(m_plugin->configName() + QStringLiteral("-newsgroups.cache"));
-    QVERIFY(newsgroupcache::write(file, {tableOf({"a.a", "b.b", "c.c"}), QDateTime::currentDateTimeUtc(), QString()}));
+    QVERIFY(newsgroupcache::write(
+        file, {tableOf({"a.a", "b.b", "c.c"}), QDateTime::currentDateTimeUtc(), QString()}));
     Benchmark benchmark;
     m_plugin->init(benchmark);
     m_window = std::make_unique<MainWindow>(m_core.get());

@@ -11,6 +11,7 @@
 #include <halvora/extendedtreeview.h>
 #include <halvora/stringformat.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDateTime>
 #include <QEvent>
@@ -63,6 +64,8 @@ QString HNewsgroupPanel::pageName(const QString &title, const QList<Newsgroup> &
 void HNewsgroupPanel::build(bool hasSeveral)
 {
     m_kind->setObjectName(QStringLiteral("articleKind"));
+    m_kind->view()->setObjectName(QStringLiteral("articleKinds"));
+    m_kind->setSizeAdjustPolicy(QComboBox::AdjustToContents); // its texts change with the language
     for (int kind = 0; kind < 3; ++kind)
         m_kind->addItem(QString());
     m_refresh->setObjectName(QStringLiteral("refreshArticles"));
@@ -257,6 +260,7 @@ void HNewsgroupPanel::retranslate()
     m_kind->setItemText(ArticleFilterModel::FilesOnly, tr("Files"));
     m_kind->setItemText(ArticleFilterModel::TextsOnly, tr("Texts"));
     m_kind->setAccessibleName(tr("Which articles are shown"));
+    m_kind->view()->setAccessibleName(m_kind->accessibleName());
     m_view->setAccessibleName(tr("Articles"));
     m_refresh->setToolTip(tr("Load the newest articles again"));
     m_refresh->setAccessibleName(tr("Refresh"));
