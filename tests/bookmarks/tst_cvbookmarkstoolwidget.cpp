@@ -72,6 +72,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void theDockIsNamedAndTitled();
+    void theDockCanBeClosedByItsButton();
     void theConnectorPutsTheDockAtTheLeft();
     void theDockAddsNeitherSignalsNorSlots();
     void theSlotsStandInTheirOrder();
@@ -115,6 +116,11 @@ void TestCVBookmarksToolWidget::theDockIsNamedAndTitled()
     QCOMPARE(m_panel->dock()->windowTitle(), QStringLiteral("Bookmarks"));
     QVERIFY(qobject_cast<CVBookmarksToolWidgetPrivate *>(m_panel->dock()->widget()));
     QVERIFY(m_panel->view()->isVisible());
+}
+
+void TestCVBookmarksToolWidget::theDockCanBeClosedByItsButton()
+{
+    QVERIFY(m_panel->dock()->features().testFlag(QDockWidget::DockWidgetClosable));
 }
 
 void TestCVBookmarksToolWidget::theConnectorPutsTheDockAtTheLeft()

@@ -10,6 +10,13 @@
 #include <QStyle>
 #include <QTabBar>
 
+namespace {
+
+// More is never seen, and would be measured whenever the tabs are laid out.
+constexpr int longestTitle = 200;
+
+} // namespace
+
 PageArea::PageArea(QWidget *parent)
     : QTabWidget(parent)
 {
@@ -80,8 +87,8 @@ void PageArea::followTitle(QWidget *page)
     const int index = indexOf(page);
     if (index < 0)
         return;
-    QString title = page->windowTitle();
-    setTabToolTip(index, plainToolTip(title));
+    setTabToolTip(index, plainToolTip(page->windowTitle()));
+    QString title = page->windowTitle().left(longestTitle);
     setTabText(index, title.replace(QLatin1Char('&'), QLatin1String("&&")));
 }
 
