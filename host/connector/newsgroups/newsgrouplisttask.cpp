@@ -13,6 +13,12 @@ namespace {
 constexpr int listFollows = 215;
 constexpr int progressStep = 2000;
 
+/// Whether the server said no to this command only.
+bool isRefused(const NntpSession &session)
+{
+    return session.trouble() == NntpSession::Trouble::Refused && session.isOpen();
+}
+
 } // namespace
 
 NewsgroupListTask::NewsgroupListTask(const QString &cacheFile, const QString &server)
@@ -43,9 +49,8 @@ bool NewsgroupListTask::run(NntpSession &session)
     };
     if (!session.lines("LIST ACTIVE", listFollows, addGroup) || isCancelled())
         return false;
-    // A server need not know any descriptions, but a list that broke off would be taken for all of them.
-    if (!session.lines("LIST NEWSGROUPS", listFollows, addDescription) &&
-        session.trouble() != NntpSession::Trouble::Refused)
+    // A server need not know any descriptions, but one that broke off or sent the client away may know some.
+    if (!session.lines("LIST NEWSGROUPS", listFollows, addDescription) && !isRefused(session))
         return false;
     if (isCancelled())
         return false;
