@@ -70,7 +70,8 @@ int ArticleList::pieceSize() const
 bool ArticleList::hasMore() const
 {
     return std::any_of(m_positions.cbegin(), m_positions.cend(), [](const NewsgroupPosition &position) {
-        return !position.isAtEnd && position.next != NewsgroupPosition::atTheTop;
+        const bool isBegun = position.next != NewsgroupPosition::atTheTop;
+        return !position.isAtEnd && (isBegun || position.obstacle == NewsgroupPosition::Loss);
     });
 }
 
@@ -79,13 +80,28 @@ int ArticleList::progress() const
     return m_task ? m_task->count() : 0;
 }
 
-QStringList ArticleList::problems() const
+// The reason before the names where there may be many names or long ones.
+QStringList ArticleList::describe(const QVector<NewsgroupPosition> &positions)
 {
     QStringList lines;
-    for (const NewsgroupPosition &position : m_positions) {
-        if (!position.problem.isEmpty())
+    QStringList lost;
+    QString words;
+    for (const NewsgroupPosition &position : positions) {
+        if (position.obstacle == NewsgroupPosition::Refusal) {
             lines.append(position.newsgroup + QLatin1String(": ") + position.problem);
+        } else if (position.obstacle == NewsgroupPosition::Unsendable) {
+            lines.append(
+                tr("The name has blanks or is too long to be asked for: %1").arg(position.newsgroup));
+        } else if (position.obstacle == NewsgroupPosition::Loss) {
+            lost.append(position.newsgroup);
+            words = position.problem;
+        }
     }
+    const QString names = lost.join(QLatin1String(", "));
+    if (!lost.isEmpty() && words.isEmpty())
+        lines.append(tr("Not loaded because the connection broke: %1").arg(names));
+    else if (!lost.isEmpty())
+        lines.append(tr("Not loaded because the news server said “%1”: %2").arg(words, names));
     return lines;
 }
 
@@ -105,21 +121,59 @@ void ArticleList::loadMore()
     if (m_state == Loading || !hasMore())
         return;
     m_isAfresh = false;
-    start({*std::min_element(m_positions.cbegin(), m_positions.cend(), isDueBefore)});
+    start(duePositions(false));
 }
 
 void ArticleList::tryAgain()
 {
-    if (m_isAfresh)
+    const bool isRefreshed = m_isAfresh && m_state == Failed;
+    const bool hasObstacle =
+        std::any_of(m_positions.cbegin(), m_positions.cend(), [](const NewsgroupPosition &position) {
+            return position.obstacle == NewsgroupPosition::Loss ||
+                   position.obstacle == NewsgroupPosition::Refusal;
+        });
+    if (m_state == Loading)
+        return;
+    if (isRefreshed || !(hasObstacle || hasMore())) {
         reload();
-    else
-        loadMore();
+    } else {
+        m_isAfresh = false;
+        start(duePositions(true));
+    }
 }
 
-void ArticleList::start(const QVector<NewsgroupPosition> &positions)
+/// The newsgroup whose older articles are due, so that one that never can be had is not in the way of the
+/// others, and those that could not be had. Each time another of these is the first, because one may break
+/// the connection for all that follow.
+QVector<NewsgroupPosition> ArticleList::duePositions(bool isWithRefused)
+{
+    const NewsgroupPosition *due = nullptr;
+    QVector<NewsgroupPosition> positions;
+    for (const NewsgroupPosition &position : qAsConst(m_positions)) {
+        if (position.obstacle == NewsgroupPosition::Loss ||
+            (isWithRefused && position.obstacle == NewsgroupPosition::Refusal))
+            positions.append(position);
+        else if (!position.isAtEnd && (!due || isDueBefore(position, *due)))
+            due = &position;
+    }
+    if (!positions.isEmpty()) {
+        ++m_attempts;
+        std::rotate(positions.begin(), positions.begin() + m_attempts % positions.size(), positions.end());
+    }
+    if (due)
+        positions.prepend(*due);
+    return positions;
+}
+
+void ArticleList::start(QVector<NewsgroupPosition> positions)
 {
     if (!m_distributor)
         return;
+    for (NewsgroupPosition &position : positions) {
+        position.isAtEnd = position.isAtEnd && position.obstacle == NewsgroupPosition::NoObstacle;
+        position.obstacle = NewsgroupPosition::NoObstacle;
+        position.problem.clear();
+    }
     m_task = QSharedPointer<OverviewTask>::create(positions, pieceSize());
     connect(m_task.data(), &NntpTask::progressed, this, [this] { setState(Loading); });
     connect(m_task.data(), &NntpTask::delayed, this,
@@ -134,7 +188,7 @@ void ArticleList::finish()
     const QSharedPointer<OverviewTask> task = m_task;
     m_task.reset();
     if (!task->isSuccessful()) {
-        setState(Failed, NewsFailureText::sentence(task->failure(), task->serverWords()));
+        setState(Failed, failureText(*task));
         return;
     }
     m_state = Idle;
@@ -146,6 +200,22 @@ void ArticleList::finish()
     else
         Q_EMIT extended(task->articles());
     Q_EMIT stateChanged();
+}
+
+/// Names the newsgroups that were asked for, unless there is one thing to say of all the page's.
+QString ArticleList::failureText(const OverviewTask &task) const
+{
+    const QVector<NewsgroupPosition> &asked = task.positions();
+    const auto isLikeTheFirst = [&asked](const NewsgroupPosition &position) {
+        return position.obstacle == asked.constFirst().obstacle &&
+               position.obstacle != NewsgroupPosition::Unsendable;
+    };
+    const bool isOneThing =
+        asked.size() == m_positions.size() && std::all_of(asked.cbegin(), asked.cend(), isLikeTheFirst);
+    const bool isServers = task.failure() == NntpFailure::Refused || task.failure() == NntpFailure::Broken;
+    const QStringList lines = isServers && !isOneThing ? describe(asked) : QStringList();
+    return lines.isEmpty() ? NewsFailureText::sentence(task.failure(), task.serverWords())
+                           : lines.join(QLatin1String("; "));
 }
 
 void ArticleList::setState(State state, const QString &message)

@@ -34,7 +34,7 @@ public:
     void reload();
     /// Brings older ones, unless something is on its way or there are none.
     void loadMore();
-    /// Does again what failed.
+    /// Does again what failed; newsgroups that could not be had are asked for again.
     void tryAgain();
 
     State state() const { return m_state; }
@@ -44,8 +44,8 @@ public:
     int progress() const;
     /// What is to be told a person: why loading failed or pauses; empty for nothing.
     QString message() const { return m_message; }
-    /// Which newsgroups the server does not give, each with the server's own words.
-    QStringList problems() const;
+    /// Which newsgroups could not be had, and why.
+    QStringList problems() const { return describe(m_positions); }
 
 Q_SIGNALS:
     /// The newest articles came; those from before are no longer good.
@@ -56,8 +56,11 @@ Q_SIGNALS:
     void stateChanged();
 
 private:
-    void start(const QVector<NewsgroupPosition> &positions);
+    void start(QVector<NewsgroupPosition> positions);
+    QVector<NewsgroupPosition> duePositions(bool isWithRefused);
     void finish();
+    QString failureText(const OverviewTask &task) const;
+    static QStringList describe(const QVector<NewsgroupPosition> &positions);
     NewsgroupPosition *findPosition(const QString &newsgroup);
     int pieceSize() const;
     void setState(State state, const QString &message = QString());
@@ -68,5 +71,6 @@ private:
     State m_state = Idle;
     QString m_message;
     bool m_isAfresh = true; ///< the present task began with the newest articles
+    int m_attempts = 0;     ///< at newsgroups that could not be had
     QSharedPointer<OverviewTask> m_task;
 };

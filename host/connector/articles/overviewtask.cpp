@@ -28,9 +28,38 @@ bool saysNothingThere(const QString &reply)
     return reply.startsWith(QLatin1String("423")) || reply.startsWith(QLatin1String("420"));
 }
 
+bool saysNoneSelected(const QString &reply)
+{
+    return reply.startsWith(QLatin1String("412"));
+}
+
 bool saysUnknownCommand(const QString &reply)
 {
     return reply.startsWith(QLatin1String("500")) || reply.startsWith(QLatin1String("503"));
+}
+
+bool askOverview(NntpSession &session, const QByteArray &range, const NntpSession::LineSink &sink)
+{
+    if (session.lines("OVER " + range, overviewFollows, sink))
+        return true;
+    // What servers said before there was a standard for it.
+    return isRefused(session) && saysUnknownCommand(session.lastReply()) &&
+           session.lines("XOVER " + range, overviewFollows, sink);
+}
+
+/// Says what was in the way of @p position; the session has just failed with it.
+void noteObstacle(NewsgroupPosition &position, const NntpSession &session)
+{
+    const bool hasWords = session.trouble() == NntpSession::Trouble::Refused;
+    position.problem = hasWords ? session.lastReply() : QString();
+    if (!isRefused(session)) {
+        position.obstacle = NewsgroupPosition::Loss;
+        return;
+    }
+    // A server refuses in words; without any it was not asked.
+    position.obstacle =
+        position.problem.isEmpty() ? NewsgroupPosition::Unsendable : NewsgroupPosition::Refusal;
+    position.isAtEnd = true;
 }
 
 } // namespace
@@ -52,19 +81,31 @@ bool OverviewTask::run(NntpSession &session)
 {
     m_count.store(0, std::memory_order_relaxed);
     m_articles.clear();
-    int refusals = 0;
+    bool hasRead = m_positions.isEmpty();
+    bool isLost = false;
     for (NewsgroupPosition &position : m_positions) {
-        if (isCancelled())
-            return false;
-        if (read(session, position))
+        if (!isLost && readOrUndo(session, position)) {
+            hasRead = true;
             continue;
-        if (!isRefused(session))
+        }
+        if (isCancelled() || session.trouble() == NntpSession::Trouble::Stopped)
             return false;
-        position.problem = session.lastReply();
-        position.isAtEnd = true;
-        ++refusals;
+        noteObstacle(position, session);
+        isLost = position.obstacle == NewsgroupPosition::Loss;
     }
-    return refusals < m_positions.size() || m_positions.isEmpty();
+    return hasRead;
+}
+
+bool OverviewTask::readOrUndo(NntpSession &session, NewsgroupPosition &position)
+{
+    const NewsgroupPosition before = position;
+    const int count = m_articles.size();
+    if (!isCancelled() && read(session, position))
+        return true;
+    position = before;
+    m_articles.resize(count);
+    m_count.store(count, std::memory_order_relaxed);
+    return false;
 }
 
 bool OverviewTask::read(NntpSession &session, NewsgroupPosition &position)
@@ -110,11 +151,12 @@ bool OverviewTask::readRange(NntpSession &session, NewsgroupPosition &position, 
         return !isCancelled();
     };
     const QByteArray range = QByteArray::number(first) + '-' + QByteArray::number(last);
-    if (session.lines("OVER " + range, overviewFollows, add))
-        return !isCancelled();
-    // What servers said before there was a standard for it.
-    if (isRefused(session) && saysUnknownCommand(session.lastReply()) &&
-        session.lines("XOVER " + range, overviewFollows, add))
+    bool hasCome = askOverview(session, range, add);
+    // A login in between may have made the server forget what was selected.
+    if (!hasCome && isRefused(session) && saysNoneSelected(session.lastReply()) &&
+        session.group(position.newsgroup.toUtf8()))
+        hasCome = askOverview(session, range, add);
+    if (hasCome)
         return !isCancelled();
     return isRefused(session) && saysNothingThere(session.lastReply());
 }

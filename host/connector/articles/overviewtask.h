@@ -17,11 +17,20 @@ struct NewsgroupPosition {
     /// Nothing of @p newsgroup was read yet.
     static NewsgroupPosition atTop(const QString &newsgroup);
 
+    /// Why nothing came of the newsgroup when it was asked for last.
+    enum Obstacle {
+        NoObstacle,
+        Refusal,    ///< the server does not give it
+        Unsendable, ///< no server can be asked for such a name
+        Loss,       ///< the connection ended before it was read
+    };
+
     QString newsgroup;
     qint64 next = atTheTop;        ///< the highest number that was not asked for yet
     qint64 edge = Article::noDate; ///< the oldest date that came so far
     bool isAtEnd = false;          ///< there is nothing older
-    QString problem;               ///< why the server does not give this newsgroup, in its own words
+    Obstacle obstacle = NoObstacle;
+    QString problem; ///< the server's own words to the obstacle; empty when it said nothing
 };
 
 /// Asks the news server for the next older articles of some newsgroups.
@@ -33,15 +42,17 @@ public:
 
     /// How many articles have come so far. Any thread.
     int count() const noexcept { return m_count.load(std::memory_order_relaxed); }
-    /// What came and how far that goes; GUI thread, after a successful end.
+    /// What came; GUI thread, after a successful end.
     const QVector<Article> &articles() const { return m_articles; }
+    /// How far that goes, and what was in the way of the others; GUI thread, after the end.
     const QVector<NewsgroupPosition> &positions() const { return m_positions; }
 
 protected:
-    /// Successful when at least one newsgroup could be read.
+    /// Successful when at least one newsgroup could be read. Nothing comes of one that was read in part.
     bool run(NntpSession &session) override;
 
 private:
+    bool readOrUndo(NntpSession &session, NewsgroupPosition &position);
     bool read(NntpSession &session, NewsgroupPosition &position);
     bool readRange(NntpSession &session, NewsgroupPosition &position, qint64 first, qint64 last);
 
