@@ -210,12 +210,19 @@ QString ArticleList::failureText(const OverviewTask &task) const
         return position.obstacle == asked.constFirst().obstacle &&
                position.obstacle != NewsgroupPosition::Unsendable;
     };
-    const bool isOneThing =
-        asked.size() == m_positions.size() && std::all_of(asked.cbegin(), asked.cend(), isLikeTheFirst);
+    const bool isAll = asked.size() == m_positions.size();
+    const bool isOneThing = isAll && std::all_of(asked.cbegin(), asked.cend(), isLikeTheFirst);
     const bool isServers = task.failure() == NntpFailure::Refused || task.failure() == NntpFailure::Broken;
     const QStringList lines = isServers && !isOneThing ? describe(asked) : QStringList();
-    return lines.isEmpty() ? NewsFailureText::sentence(task.failure(), task.serverWords())
-                           : lines.join(QLatin1String("; "));
+    if (!lines.isEmpty())
+        return lines.join(QLatin1String("; "));
+    QString sentence = NewsFailureText::sentence(task.failure(), task.serverWords());
+    if (isAll)
+        return sentence;
+    QStringList names;
+    for (const NewsgroupPosition &position : asked)
+        names.append(position.newsgroup);
+    return tr("%1 (not loaded: %2)").arg(sentence, names.join(QLatin1String(", ")));
 }
 
 void ArticleList::setState(State state, const QString &message)
