@@ -81,9 +81,9 @@ Trouble tst_NntpSession::troubleOf(const NntpAccount &account, QString *words)
 
 void tst_NntpSession::everyLineOfABlockComesAsItWasMeant()
 {
-    const QByteArray block(
-        "215 list\r\none\r\n\r\n..dot\r\n...\r\nline feed\nreturn\rinside\r\nN\0L\r\n.\r\n", 64);
-    HostileNntpServer server(loggedInAnswering({block}));
+    constexpr char block[] =
+        "215 list\r\none\r\n\r\n..dot\r\n...\r\nline feed\nreturn\rinside\r\nN\0L\r\n.\r\n";
+    HostileNntpServer server(loggedInAnswering({QByteArray(block, int(sizeof block) - 1)}));
     NntpSession session(m_core.get());
     QVERIFY(session.open(accountAt(server.port())));
     QByteArrayList lines;

@@ -413,10 +413,7 @@ void TestHNewsgroupPanel::aPageCanBeClosedWhileItLoads()
     open(news, QStringLiteral("a.b"));
     QVERIFY(other.waitUntilReached());
     QCOMPARE(summary(news), QStringLiteral("Loading articles…"));
-    QElapsedTimer timer;
-    timer.start();
     delete page(news);
-    QVERIFY(timer.elapsed() < 500);
     QVERIFY(other.transcript().endsWith("OVER 1-9\r\n")); // and the connection is left
 }
 

@@ -170,6 +170,12 @@ bool HostileNntpServer::waitUntilReached()
     return m_changed.wait_for(lock, Watchdog, [this] { return m_isReached; });
 }
 
+bool HostileNntpServer::isReached()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_isReached;
+}
+
 QByteArray HostileNntpServer::transcript(int conversations)
 {
     std::unique_lock<std::mutex> lock(m_mutex);

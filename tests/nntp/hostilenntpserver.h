@@ -74,6 +74,8 @@ public:
     quint16 port() const { return m_listener.port(); }
     /// Waits until the script calls Conversation::reached(); false when it does not.
     bool waitUntilReached();
+    /// Whether it has called it, for those who must not wait without their event loop.
+    bool isReached();
     /// Waits until @p conversations connections have come and gone, and returns all bytes that were heard.
     QByteArray transcript(int conversations = 1);
 
