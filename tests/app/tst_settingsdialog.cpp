@@ -367,7 +367,7 @@ void TestSettingsDialog::aPartWithoutOptionsIsNoPrivateData()
 
 void TestSettingsDialog::everythingIsReachedFromTheKeyboard()
 {
-    constexpr int patience = 60'000; // a button that is pressed by its key is painted first
+    constexpr int patience = 150'000; // a button that is pressed by its key is painted first
     Settings settings;
     settings.open();
     settings.activate();

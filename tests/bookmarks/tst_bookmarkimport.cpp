@@ -72,6 +72,9 @@ private:
 
 namespace {
 
+// A login takes seconds where every allocation is followed to its caller.
+constexpr int patience = 60'000; // milliseconds
+
 std::string folder(const std::string &name, std::initializer_list<const char *> newsgroups)
 {
     std::string text = "<folder><name>" + name + "</name>";
@@ -125,7 +128,7 @@ void TestBookmarkImport::setFault(corvia::Fault::Kind kind, const std::string &t
 void TestBookmarkImport::logIn()
 {
     m_plugin->startLogin();
-    QTRY_COMPARE(server().connectorState(), HServer::Connected);
+    QTRY_COMPARE_WITH_TIMEOUT(server().connectorState(), HServer::Connected, patience);
 }
 
 void TestBookmarkImport::atTheLogin(const std::function<void()> &action)
@@ -138,15 +141,20 @@ void TestBookmarkImport::atTheLogin(const std::function<void()> &action)
 
 void TestBookmarkImport::waitForTheQueue()
 {
-    const int before = m_account->requestNames().count(QStringLiteral("status"));
-    m_plugin->refreshStatus();
-    QTRY_COMPARE(m_account->requestNames().count(QStringLiteral("status")), before + 1);
+    const auto count = [this] { return m_account->requestNames().count(QStringLiteral("status")); };
+    const int before = count();
+    // While the reply to an earlier one is on its way, no other is made.
+    const auto isAnswered = [this, &count, before] {
+        m_plugin->refreshStatus();
+        return count() > before;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isAnswered(), patience);
 }
 
 void TestBookmarkImport::logInAndImport()
 {
     logIn();
-    QTRY_COMPARE(m_model->rowCount(), 2);
+    QTRY_COMPARE_WITH_TIMEOUT(m_model->rowCount(), 2, patience);
 }
 
 QStringList TestBookmarkImport::names(const QModelIndex &parent) const
@@ -265,8 +273,9 @@ void TestBookmarkImport::aStateThatComesBeforeTheFirstLoadAsksOverAFullStore()
     m_model->connectorStateChanged(HServer::Connected); // no event was handled yet
     m_account->useDemo(*m_plugin);
     logIn();
-    QTRY_COMPARE(names(),
-                 QStringList({QStringLiteral("New Folder"), QStringLiteral("One"), QStringLiteral("Two")}));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        names(), QStringList({QStringLiteral("New Folder"), QStringLiteral("One"), QStringLiteral("Two")}),
+        patience);
 }
 
 void TestBookmarkImport::theProvidersListHoldsExactlyWhatWasImported()
@@ -274,7 +283,8 @@ void TestBookmarkImport::theProvidersListHoldsExactlyWhatWasImported()
     answerWith(folder("One", {"a.a", "a.a", "a.b"}));
     atTheLogin([this] { m_model->addBookmarks({QStringLiteral("own.group")}, {}); });
     logIn();
-    QTRY_COMPARE(names(), QStringList({QStringLiteral("own.group"), QStringLiteral("One")}));
+    QTRY_COMPARE_WITH_TIMEOUT(names(), QStringList({QStringLiteral("own.group"), QStringLiteral("One")}),
+                              patience);
     QCOMPARE(provider().bookmarkedNewsgroups(),
              QStringList({QStringLiteral("a.a"), QStringLiteral("a.a"), QStringLiteral("a.b")}));
     QVERIFY(!provider().isBookmarked(QStringLiteral("own.group")));
@@ -300,7 +310,7 @@ void TestBookmarkImport::aReplyWithoutFoldersChangesNothing()
     const QSignalSpy changed(&provider(), &BookmarkProvider::bookmarksChanged);
     logIn();
     if (text != QLatin1String("<bookmarks/>"))
-        QTRY_COMPARE(m_failures, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_failures, 1, patience);
     else
         waitForTheQueue();
     QCOMPARE(asked(), 1);
@@ -335,8 +345,8 @@ void TestBookmarkImport::whatALogoutOvertookIsNotImported()
         server().logOut();
     });
     m_plugin->startLogin();
-    QTRY_VERIFY(wasRead);
-    QTRY_COMPARE(m_failures, 1);
+    QTRY_VERIFY_WITH_TIMEOUT(wasRead, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(m_failures, 1, patience);
     QCOMPARE(server().connectorState(), HServer::Disconnected);
     QCOMPARE(m_model->rowCount(), 0);
 }
@@ -377,7 +387,7 @@ void TestBookmarkImport::strangeRepliesAreImportedAsTheyAre()
     QFETCH(QStringList, top);
     answerWith(folders.toStdString());
     logIn();
-    QTRY_COMPARE(names(), top);
+    QTRY_COMPARE_WITH_TIMEOUT(names(), top, patience);
     QTEST(names(m_model->index(0, 0)), "first");
 }
 
@@ -412,14 +422,14 @@ void TestBookmarkImport::aFolderWithoutANameEndsTheRequestAtItsDeadline()
                "<newsgroup>b</newsgroup></folder>");
     server().setRequestDeadline(1000);
     m_model->connectorStateChanged(HServer::Connected);
-    QTRY_COMPARE(m_failures, 1);
+    QTRY_COMPARE_WITH_TIMEOUT(m_failures, 1, patience);
     QCOMPARE(m_model->rowCount(), 0);
     QCOMPARE(server().connectorState(), HServer::Connected);
     server().setRequestDeadline(30'000);
     waitForTheQueue(); // the worker works again
     answerWith(twoFolders());
     m_model->connectorStateChanged(HServer::Connected);
-    QTRY_COMPARE(m_model->rowCount(), 2);
+    QTRY_COMPARE_WITH_TIMEOUT(m_model->rowCount(), 2, patience);
 }
 
 void TestBookmarkImport::clearingWhileConnectedImportsAgain()
@@ -430,7 +440,7 @@ void TestBookmarkImport::clearingWhileConnectedImportsAgain()
     QCOMPARE(m_model->rowCount(), 0);
     // The list of the provider is that of the last import until the next one.
     QVERIFY(provider().isBookmarked(QStringLiteral("a.a")));
-    QTRY_COMPARE(m_model->rowCount(), 2);
+    QTRY_COMPARE_WITH_TIMEOUT(m_model->rowCount(), 2, patience);
     QVERIFY(m_model->itemFromIndex(m_model->index(0, 0))->color().isEmpty());
     QCOMPARE(asked(), 2);
 }
@@ -465,7 +475,7 @@ void TestBookmarkImport::destroyingItWithARequestOutIsHarmless()
 {
     setFault(corvia::Fault::Kind::Stall);
     logIn();
-    QTRY_COMPARE(asked(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(asked(), 1, patience);
     m_plugin.reset();
     QVERIFY(!m_account->core().plugin()->bookmarkProvider());
 }
