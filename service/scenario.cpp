@@ -54,7 +54,7 @@ std::vector<Link> readLinks(const ScenarioNode &node)
 std::string nameOfBookmark(const ScenarioNode &node)
 {
     node.allowAttributes({"name"});
-    const std::string name = node.text("name");
+    std::string name = node.text("name");
     if (name.find_first_not_of(" \t\r\n") == std::string::npos) {
         node.fail("a " + node.name() + " among the bookmarks has a name");
     }
