@@ -53,11 +53,3 @@ QString lenienttext::oneLine(const QString &text, int longest)
         line.chop(1);
     return line + QChar(0x2026);
 }
-
-QString lenienttext::toolTip(const QString &text)
-{
-    // Without a tag of our own around it, a tool tip is plain or rich as its text happens to look.
-    return text.isEmpty() ? QString()
-                          : QLatin1String("<p style=\"white-space:pre-wrap\">") + text.toHtmlEscaped() +
-                                QLatin1String("</p>");
-}

@@ -14,7 +14,4 @@ QString decode(const QByteArray &bytes);
 /// blanks, runs of blanks become one, and what is longer than @p longest characters is cut off.
 QString oneLine(const QString &text, int longest);
 
-/// A tool tip that reads as @p text, whatever markup is in it.
-QString toolTip(const QString &text);
-
 } // namespace lenienttext

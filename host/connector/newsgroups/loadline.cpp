@@ -4,6 +4,8 @@
 
 #include "lenienttext.h"
 
+#include <halvora/plaintooltip.h>
+
 #include <QEvent>
 #include <QLabel>
 #include <QProgressBar>
@@ -73,7 +75,7 @@ void LoadLine::showProblem(const QString &problem, const QString &summary)
 void LoadLine::show(const QString &problem, const QString &summary, bool isMoving)
 {
     m_problem->setText(lenienttext::oneLine(problem, longestProblem));
-    m_problem->setToolTip(lenienttext::toolTip(problem));
+    m_problem->setToolTip(plainToolTip(problem));
     m_problem->setVisible(!problem.isEmpty());
     m_tryAgain->setVisible(!problem.isEmpty());
     m_summary->setText(summary);

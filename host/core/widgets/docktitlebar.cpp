@@ -5,7 +5,7 @@
 #include <halvora/stylehelper.h>
 
 #include "docktitlebutton.h"
-#include "plaintooltip.h"
+#include <halvora/plaintooltip.h>
 
 #include <QDockWidget>
 #include <QEvent>

@@ -4,7 +4,7 @@
 
 #include <halvora/stylehelper.h>
 
-#include "plaintooltip.h"
+#include <halvora/plaintooltip.h>
 
 #include <QPainter>
 

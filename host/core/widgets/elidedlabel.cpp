@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "elidedlabel.h"
 
-#include "plaintooltip.h"
+#include <halvora/plaintooltip.h>
 
 #include <QPainter>
 #include <QStyle>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <halvora/extendedtreeview.h>
 
-#include "plaintooltip.h"
+#include <halvora/plaintooltip.h>
 
 #include <QHelpEvent>
 #include <QToolTip>

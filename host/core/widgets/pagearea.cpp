@@ -3,7 +3,7 @@
 #include "pagearea.h"
 
 #include "pageclosebutton.h"
-#include "plaintooltip.h"
+#include <halvora/plaintooltip.h>
 
 #include <QEvent>
 #include <QShortcut>

@@ -6,7 +6,7 @@
 #include <halvora/hpixmaps.h>
 
 #include "elidedlabel.h"
-#include "plaintooltip.h"
+#include <halvora/plaintooltip.h>
 
 #include <QEvent>
 #include <QHBoxLayout>
