@@ -5,6 +5,7 @@
 #include "bookmarkstore.h"
 #include "connector/cvconnectorplugin.h"
 #include "loopbackaccount.h"
+#include "requests/cvstatusrequest.h"
 
 #include <halvora/benchmark.h>
 #include <halvora/connector.h>
@@ -141,14 +142,11 @@ void TestBookmarkImport::atTheLogin(const std::function<void()> &action)
 
 void TestBookmarkImport::waitForTheQueue()
 {
-    const auto count = [this] { return m_account->requestNames().count(QStringLiteral("status")); };
-    const int before = count();
-    // While the reply to an earlier one is on its way, no other is made.
-    const auto isAnswered = [this, &count, before] {
-        m_plugin->refreshStatus();
-        return count() > before;
-    };
-    QTRY_VERIFY_WITH_TIMEOUT(isAnswered(), patience);
+    // What the service received has not been delivered yet; requests are delivered in the order they were sent.
+    const QSharedPointer<HRequest> last(new CVStatusRequest(m_plugin->connector()));
+    const QSignalSpy delivered(last.data(), &HRequest::requestFinished);
+    server().addRequestToQueue(last);
+    QTRY_COMPARE_WITH_TIMEOUT(delivered.count(), 1, patience);
 }
 
 void TestBookmarkImport::logInAndImport()
