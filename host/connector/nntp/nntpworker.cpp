@@ -2,20 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "nntpworker.h"
 
+#include "brokenpipes.h"
+
 #include <halvora/nntptask.h>
 
-#include <csignal>
-
 namespace {
-
-// OpenSSL writes with write(2), and a peer that goes while it is written to is no reason to die.
-void keepBrokenPipesQuiet()
-{
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGPIPE);
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-}
 
 NntpFailure failureFor(NntpSession::Trouble trouble)
 {

@@ -3,25 +3,11 @@
 #include "serverworker.h"
 
 #include "envelope.h"
+#include "nntp/brokenpipes.h"
 
 #include <halvora/core.h>
 
 #include <QDomElement>
-
-#include <csignal>
-
-namespace {
-
-// libcurl was told to leave signals alone, and a peer that goes while it is written to is no reason to die.
-void keepBrokenPipesQuiet()
-{
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGPIPE);
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-}
-
-} // namespace
 
 ServerWorker::ServerWorker(Core *core, RequestQueue *queue)
     : m_core(core)
