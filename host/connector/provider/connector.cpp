@@ -6,6 +6,7 @@
 #include <halvora/hautosearchservice.h>
 #include <halvora/hlog.h>
 #include <halvora/hloginrequest.h>
+#include <halvora/hmessagemanager.h>
 #include <halvora/hnntpdistributor.h>
 #include <halvora/hserver.h>
 
@@ -65,6 +66,7 @@ Connector::Connector(Core *core, ConnectorPlugin *plugin)
           },
           this))
     , m_autoSearch(new HAutoSearchService(this))
+    , m_messages(new HMessageManager(core, this))
     , m_nntpHosts(loadHosts(core->settings()))
 {
 }
@@ -105,6 +107,11 @@ HNntpDistributor *Connector::distributor() const
 HAutoSearchService *Connector::autoSearch() const
 {
     return m_autoSearch;
+}
+
+HMessageManager *Connector::messages() const
+{
+    return m_messages;
 }
 
 QString Connector::username() const

@@ -14,6 +14,7 @@ class ConnectorPlugin;
 class Core;
 class HAutoSearchService;
 class HLoginRequest;
+class HMessageManager;
 class HNntpDistributor;
 class HServer;
 
@@ -31,6 +32,7 @@ public:
     HServer *server() const;
     HNntpDistributor *distributor() const;
     HAutoSearchService *autoSearch() const;
+    HMessageManager *messages() const;
 
     /// Any thread.
     QString username() const;
@@ -62,6 +64,7 @@ private:
     HServer *m_server;
     HNntpDistributor *m_distributor;
     HAutoSearchService *m_autoSearch;
+    HMessageManager *m_messages;
     mutable std::mutex m_mutex; ///< guards the values below
     QString m_username;
     QString m_password;
