@@ -48,6 +48,16 @@ struct BookmarkFolder {
     std::vector<std::string> newsgroups;
 };
 
+/// What the service has to say to a customer, whom it knows by the account.
+struct Message {
+    std::string uid;
+    std::string text;
+    std::optional<std::int64_t> date; ///< Milliseconds since 1970; none: the service does not say.
+    std::optional<std::string> url;
+    bool read = false;
+    bool deletable = true;
+};
+
 /// One account as the scenario describes it.
 struct Account {
     std::string user;
@@ -60,6 +70,7 @@ struct Account {
     std::optional<SoftwareUpdate> update;
     std::vector<BookmarkFolder> bookmarks;
     AccountStatus status;
+    std::vector<Message> messages; ///< No two with the same uid, in the order in which they came.
 };
 
 } // namespace corvia

@@ -6,6 +6,7 @@
 #include <openssl/crypto.h>
 #include <openssl/rand.h>
 #include <stdexcept>
+#include <utility>
 
 namespace corvia {
 
@@ -31,6 +32,7 @@ AccountBook::AccountBook(const std::vector<Account> &accounts)
 {
     for (const Account &account : accounts) {
         accounts_[account.user] = account;
+        boxes_[account.user] = MessageBox(account.messages);
     }
 }
 
@@ -58,7 +60,7 @@ std::string AccountBook::openSession(const std::string &user)
     std::string word = randomWord();
     const std::lock_guard<std::mutex> lock(mutex_);
     const std::chrono::seconds life(accounts_.at(user).sessionSeconds);
-    sessions_[word] = {user, std::chrono::steady_clock::now() + life};
+    sessions_[word] = {user, std::chrono::steady_clock::now() + life, 0};
     return word;
 }
 
@@ -76,6 +78,46 @@ void AccountBook::forgetSessions()
 {
     const std::lock_guard<std::mutex> lock(mutex_);
     sessions_.clear();
+}
+
+std::vector<Message> AccountBook::takeUntoldMessages(const std::string &word)
+{
+    const std::lock_guard<std::mutex> lock(mutex_);
+    const auto found = sessions_.find(word);
+    if (found == sessions_.end()) {
+        return {};
+    }
+    const MessageBox &box = boxes_.at(found->second.user);
+    const std::int64_t toldUpTo = std::exchange(found->second.toldUpTo, box.lastNumber());
+    return box.messagesAfter(toldUpTo);
+}
+
+void AccountBook::applyMessageReport(const std::string &word, const std::vector<std::string> &read,
+                                     const std::vector<std::string> &deleted)
+{
+    const std::lock_guard<std::mutex> lock(mutex_);
+    const auto found = sessions_.find(word);
+    if (found != sessions_.end()) {
+        MessageBox &box = boxes_.at(found->second.user);
+        box.markRead(read);
+        box.remove(deleted);
+    }
+}
+
+std::vector<Message> AccountBook::messages(const std::string &user) const
+{
+    const std::lock_guard<std::mutex> lock(mutex_);
+    const auto found = boxes_.find(user);
+    return found != boxes_.end() ? found->second.messagesAfter(0) : std::vector<Message>();
+}
+
+void AccountBook::addMessage(const std::string &user, const Message &message)
+{
+    const std::lock_guard<std::mutex> lock(mutex_);
+    const auto found = boxes_.find(user);
+    if (found != boxes_.end()) {
+        found->second.add(message);
+    }
 }
 
 void AccountBook::setPlan(const std::string &user, int maxConnections, std::int64_t billingBytes,

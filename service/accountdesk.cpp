@@ -48,16 +48,26 @@ std::string AccountDesk::answerLogin(const AccountRequest &request)
         return errorReply("credentials", refusal);
     }
     const std::string word = book_.openSession(request.userName);
-    return loginReply(*book_.account(request.userName), word, autoSearchInterval_, ownServers_);
+    return loginReply(*book_.account(request.userName), word, autoSearchInterval_, ownServers_,
+                      book_.takeUntoldMessages(word));
 }
 
-std::string AccountDesk::answerInSession(const AccountRequest &request) const
+std::string AccountDesk::answerInSession(const AccountRequest &request)
 {
     const std::optional<Account> account = book_.accountOfSession(request.session);
     if (!account) {
         return errorReply("session", "The session is unknown or has ended; please log in again.");
     }
-    return request.name == "bookmarks" ? bookmarksReply(account->bookmarks) : statusReply(account->status);
+    // What the user has just deleted is not told any more.
+    if (request.name == "message") {
+        book_.applyMessageReport(request.session, request.readUids, request.deletedUids);
+    }
+    const std::vector<Message> messages = book_.takeUntoldMessages(request.session);
+    if (request.name == "message") {
+        return successReply(messages);
+    }
+    return request.name == "bookmarks" ? bookmarksReply(account->bookmarks, messages)
+                                       : statusReply(account->status, messages);
 }
 
 } // namespace corvia

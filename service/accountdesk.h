@@ -21,7 +21,7 @@ public:
 
 private:
     std::string answerLogin(const AccountRequest &request);
-    std::string answerInSession(const AccountRequest &request) const;
+    std::string answerInSession(const AccountRequest &request);
 
     AccountBook &book_;
     const int autoSearchInterval_;

@@ -79,6 +79,24 @@ void writeLinks(XmlWriter &writer, const std::vector<Link> &links)
     writer.close();
 }
 
+void writeMessages(XmlWriter &writer, const std::vector<Message> &messages)
+{
+    if (messages.empty()) {
+        return;
+    }
+    writer.open("messages");
+    for (const Message &message : messages) {
+        writer.open("message").attribute("uid", message.uid);
+        writeOptional(writer, "date", message.date);
+        if (message.url) {
+            writer.attribute("url", *message.url);
+        }
+        writer.attribute("read", message.read ? "true" : "false");
+        writer.attribute("deletable", message.deletable ? "true" : "false").text(message.text).close();
+    }
+    writer.close();
+}
+
 } // namespace
 
 std::string errorReply(const std::string &code, const std::string &sentence)
@@ -89,7 +107,7 @@ std::string errorReply(const std::string &code, const std::string &sentence)
 }
 
 std::string loginReply(const Account &account, const std::string &sessionWord, int autoSearchInterval,
-                       const std::vector<NewsServer> &ownServers)
+                       const std::vector<NewsServer> &ownServers, const std::vector<Message> &messages)
 {
     XmlWriter writer = startedReply();
     writer.open("login").attribute("session", sessionWord);
@@ -103,17 +121,20 @@ std::string loginReply(const Account &account, const std::string &sessionWord, i
     if (account.status.inLogin) {
         writeStatus(writer, account.status);
     }
+    writer.close();
+    writeMessages(writer, messages);
     return writer.finish();
 }
 
-std::string statusReply(const AccountStatus &status)
+std::string statusReply(const AccountStatus &status, const std::vector<Message> &messages)
 {
     XmlWriter writer = startedReply();
     writeStatus(writer, status);
+    writeMessages(writer, messages);
     return writer.finish();
 }
 
-std::string bookmarksReply(const std::vector<BookmarkFolder> &folders)
+std::string bookmarksReply(const std::vector<BookmarkFolder> &folders, const std::vector<Message> &messages)
 {
     XmlWriter writer = startedReply();
     writer.open("bookmarks");
@@ -124,6 +145,16 @@ std::string bookmarksReply(const std::vector<BookmarkFolder> &folders)
         }
         writer.close();
     }
+    writer.close();
+    writeMessages(writer, messages);
+    return writer.finish();
+}
+
+std::string successReply(const std::vector<Message> &messages)
+{
+    XmlWriter writer = startedReply();
+    writer.open("success").close();
+    writeMessages(writer, messages);
     return writer.finish();
 }
 

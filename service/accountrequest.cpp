@@ -13,6 +13,17 @@ std::string textOfElement(const xmlNode *parent, const char *name)
     return element != nullptr ? XmlDocument::textOf(element) : std::string();
 }
 
+std::vector<std::string> uidsIn(const xmlNode *parent, const char *name)
+{
+    std::vector<std::string> uids;
+    if (const xmlNode *list = XmlDocument::elementOf(parent, name)) {
+        for (const xmlNode *message : XmlDocument::elementsOf(list)) {
+            uids.push_back(XmlDocument::attributeOf(message, "uid").value_or(""));
+        }
+    }
+    return uids;
+}
+
 } // namespace
 
 AccountRequest AccountRequest::read(const std::string &body, const Schema &schema)
@@ -29,6 +40,8 @@ AccountRequest AccountRequest::read(const std::string &body, const Schema &schem
         request.name = XmlDocument::nameOf(elements.front());
         request.userName = textOfElement(elements.front(), "user-name");
         request.password = textOfElement(elements.front(), "password");
+        request.readUids = uidsIn(elements.front(), "read");
+        request.deletedUids = uidsIn(elements.front(), "deleted");
     }
     request.problem = schema.firstProblem(document);
     return request;

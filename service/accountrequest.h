@@ -6,17 +6,19 @@
 #include "schema.h"
 
 #include <string>
+#include <vector>
 
 namespace corvia {
 
 /// A request as it was read from a client.
 struct AccountRequest {
-    std::string name; ///< The request's element ("login", "status", "bookmarks"); empty when there is none to
-                      ///< be seen.
+    std::string name; ///< The request's element ("login", "status" and so on); empty when there is none to be seen.
     std::string problem; ///< Empty: the request is valid; otherwise one line that says what is wrong.
     std::string session;
     std::string userName;
     std::string password;
+    std::vector<std::string> readUids;    ///< Of the messages that the user has read.
+    std::vector<std::string> deletedUids; ///< Of the messages that the user has deleted.
 
     /// Reads `body`, which may be anything, by `schema`.
     static AccountRequest read(const std::string &body, const Schema &schema);

@@ -146,6 +146,18 @@ void CorviaService::setPlan(const std::string &user, int maxConnections, std::in
     }
 }
 
+void CorviaService::addMessage(const std::string &user, const Message &message)
+{
+    if (parts_->book) {
+        parts_->book->addMessage(user, message);
+    }
+}
+
+std::vector<Message> CorviaService::messages(const std::string &user) const
+{
+    return parts_->book ? parts_->book->messages(user) : std::vector<Message>();
+}
+
 std::vector<std::string> CorviaService::requests() const
 {
     return parts_->records.requests();

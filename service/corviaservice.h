@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "account.h"
 #include "fault.h"
 #include "options.h"
 
@@ -40,6 +41,12 @@ public:
     /// Changes what the status of `user` says from now on.
     void setPlan(const std::string &user, int maxConnections, std::int64_t billingBytes,
                  std::int64_t mtdBytes);
+
+    /// The sessions of `user` are told `message` with their next replies; it takes the place of one with the
+    /// same uid.
+    void addMessage(const std::string &user, const Message &message);
+    /// The messages of `user` as they are now: those that the user has deleted are gone.
+    std::vector<Message> messages(const std::string &user) const;
 
     /// The bodies of the requests to the account so far, in order and as they came.
     std::vector<std::string> requests() const;

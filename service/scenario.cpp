@@ -7,6 +7,7 @@
 #include "scenarionode.h"
 #include "xmldocument.h"
 
+#include <chrono>
 #include <set>
 
 namespace corvia {
@@ -95,6 +96,53 @@ void readUsage(const ScenarioNode &node, AccountStatus *status)
     status->usageMinutesAgo = node.optionalNumber("usage-updated-minutes-ago");
 }
 
+std::optional<std::int64_t> dateOfMessage(const ScenarioNode &node)
+{
+    const auto hoursAgo = node.optionalNumber("hours-ago");
+    const auto date = node.optionalNumber("date");
+    if (hoursAgo && date) {
+        node.fail("a message has a date or an age, not both");
+    }
+    if (!hoursAgo) {
+        return date;
+    }
+    using namespace std::chrono;
+    const auto now = duration_cast<milliseconds>(system_clock::now().time_since_epoch());
+    return now.count() - *hoursAgo * 3600000;
+}
+
+Message readMessage(const ScenarioNode &node)
+{
+    if (node.name() != "message") {
+        node.failAsUnknown();
+    }
+    node.allowAttributes({"uid", "date", "hours-ago", "url", "read", "deletable"});
+    Message message;
+    message.uid = node.text("uid");
+    if (message.uid.find_first_not_of(" \t\r\n") == std::string::npos) {
+        node.fail("a message has a uid that is not blank");
+    }
+    message.text = node.content();
+    message.date = dateOfMessage(node);
+    message.url = node.optionalText("url");
+    message.read = node.flag("read", false);
+    message.deletable = node.flag("deletable", true);
+    return message;
+}
+
+std::vector<Message> readMessages(const ScenarioNode &node)
+{
+    std::vector<Message> messages;
+    std::set<std::string> uids;
+    for (const ScenarioNode &child : node.children()) {
+        messages.push_back(readMessage(child));
+        if (!uids.insert(messages.back().uid).second) {
+            child.fail("there are two messages \"" + messages.back().uid + "\"");
+        }
+    }
+    return messages;
+}
+
 AccountStatus readStatus(const ScenarioNode &node)
 {
     node.allowAttributes({"supported", "in-login", "next-update-millis"});
@@ -136,6 +184,8 @@ Account readAccount(const ScenarioNode &node)
             account.bookmarks = readBookmarks(child);
         } else if (child.name() == "status") {
             account.status = readStatus(child);
+        } else if (child.name() == "messages") {
+            account.messages = readMessages(child);
         } else {
             child.failAsUnknown();
         }
