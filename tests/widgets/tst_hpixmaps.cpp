@@ -107,8 +107,9 @@ void TestPixmaps::aDrawingIsRenderedAndNotStretched()
 
 void TestPixmaps::greyHasNoColourAndTheSameShape()
 {
-    const QImage colour = hSvgPixmapExt(drawing(), 20, 20, false).toImage();
-    const QImage grey = hSvgPixmapExt(drawing(), 20, 20, true).toImage();
+    const QImage colour = hSvgPixmapExt(drawing(), 20, 20, true).toImage();
+    const QImage grey = hSvgPixmapExt(drawing(), 20, 20, false).toImage();
+    QCOMPARE(colour, hSvgPixmap(drawing(), 20).toImage());
     QCOMPARE(grey.size(), colour.size());
     for (int y = 0; y < grey.height(); ++y) {
         for (int x = 0; x < grey.width(); ++x) {

@@ -33,15 +33,15 @@ QString numbered(const QString &pattern, qint64 number)
 
 QPixmap hSvgPixmap(const QString &path, int size)
 {
-    return hSvgPixmapExt(path, size, size, false);
+    return hSvgPixmapExt(path, size, size, true);
 }
 
 QPixmap hSvgPixmap(const QString &path, const QSize &size)
 {
-    return hSvgPixmapExt(path, size.width(), size.height(), false);
+    return hSvgPixmapExt(path, size.width(), size.height(), true);
 }
 
-QPixmap hSvgPixmapExt(const QString &path, int width, int height, bool grey)
+QPixmap hSvgPixmapExt(const QString &path, int width, int height, bool coloured)
 {
     const QSize size(width, height);
     // The renderer warns about a file that is not there, which is no news to a caller that gets a null
@@ -61,7 +61,7 @@ QPixmap hSvgPixmapExt(const QString &path, int width, int height, bool grey)
     QPainter painter(&image);
     renderer.render(&painter);
     painter.end();
-    if (grey)
+    if (!coloured)
         removeColours(image);
     image.setDevicePixelRatio(ratio);
     return QPixmap::fromImage(image);

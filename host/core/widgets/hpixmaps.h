@@ -16,8 +16,8 @@ class QString;
 HALVORA_CORE_EXPORT QPixmap hSvgPixmap(const QString &path, int size);
 /// The drawing at @p path, centred in @p size with its own proportions.
 HALVORA_CORE_EXPORT QPixmap hSvgPixmap(const QString &path, const QSize &size);
-/// The same, without its colours when @p grey is set, for something that cannot be used at present.
-HALVORA_CORE_EXPORT QPixmap hSvgPixmapExt(const QString &path, int width, int height, bool grey);
+/// The same, or without its colours, for something that is not in use at present.
+HALVORA_CORE_EXPORT QPixmap hSvgPixmapExt(const QString &path, int width, int height, bool coloured);
 
 /// The picture whose file name is @p pattern with each %1 replaced by @p number. When @p retina is set, a
 /// screen has more than one pixel a point and the file for twice the number exists, that one is taken, with a
