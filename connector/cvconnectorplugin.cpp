@@ -6,6 +6,7 @@
 #include "bookmarks/cvbookmarkprovider.h"
 #include "bookmarks/cvbookmarkstoolwidget.h"
 #include "panels/cvinfotoolwidget.h"
+#include "panels/cvmessagestoolwidget.h"
 #include "plugin/constants.h"
 #include "requests/cvcontext.h"
 #include "requests/cvloginrequest.h"
@@ -74,6 +75,8 @@ void CVConnectorPlugin::polish(MainWindow *window)
     ConnectorPlugin::polish(window);
     m_bookmarksPanel = new CVBookmarksToolWidget(m_bookmarkManager, this, window);
     window->addToolWidget(Qt::LeftDockWidgetArea, m_bookmarksPanel);
+    m_messagesPanel = new CVMessagesToolWidget(connector(), window);
+    window->addToolWidget(Qt::BottomDockWidgetArea, m_messagesPanel);
     m_infoPanel = new CVInfoToolWidget(window, this, findStatsPlugin());
     window->addToolWidget(Qt::BottomDockWidgetArea, m_infoPanel);
 }

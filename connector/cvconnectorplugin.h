@@ -13,6 +13,7 @@ class CVBookmarkManager;
 class CVBookmarksToolWidget;
 class CVInfoToolWidget;
 class CVLoginRequest;
+class CVMessagesToolWidget;
 class CVStatusRequest;
 class HAboutDialog;
 class HRequest;
@@ -77,6 +78,7 @@ private:
     CVBookmarkManager *m_bookmarkManager = nullptr; ///< a child, made by init()
     QAction *m_aboutAction;
     QPointer<CVBookmarksToolWidget> m_bookmarksPanel; ///< the main window's
+    QPointer<CVMessagesToolWidget> m_messagesPanel;   ///< the main window's
     QPointer<CVInfoToolWidget> m_infoPanel;           ///< the main window's
     QPointer<HAboutDialog> m_aboutDialog;             ///< deletes itself on close
     // The raw pointers say that a request is in flight; the server's queue holds further references.
