@@ -72,6 +72,7 @@ Application::Application(const Options &options)
     m_core->setMainWindow(m_window.get());
     polishPlugins();
     connectWindow();
+    addDetails();
     m_window->restoreLayout();
 }
 

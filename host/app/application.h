@@ -16,6 +16,7 @@ class AbstractProvider;
 class ConnectorPlugin;
 class Core;
 class CorePluginInterface;
+class DetailsDock;
 class LoginController;
 class MainWindow;
 
@@ -46,6 +47,7 @@ private:
     void useService();
     void polishPlugins();
     void connectWindow();
+    void addDetails();
     void saveReport();
     void showSettings();
     void showState(HServer::State state);
@@ -57,6 +59,7 @@ private:
     Benchmark m_benchmark;
     std::unique_ptr<Core> m_core;
     std::unique_ptr<MainWindow> m_window;
+    DetailsDock *m_details = nullptr; ///< the window's
     std::unique_ptr<LoginController> m_login;
     QVector<CorePluginInterface *> m_plugins; ///< owned by their libraries
     AbstractProvider *m_provider = nullptr;   ///< one of the plug-ins

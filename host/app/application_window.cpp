@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "application.h"
 
+#include "detailsdock.h"
 #include "logincontroller.h"
 #include "passwordpipe.h"
 #include "picture.h"
@@ -18,6 +19,7 @@
 #include <halvora/storagemanager.h>
 
 #include <QApplication>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QSaveFile>
 
@@ -41,6 +43,22 @@ void Application::connectWindow()
     HServer *server = m_provider->connectorPlugin()->connector()->server();
     connect(server, &HServer::stateChanged, this, &Application::showState);
     showState(server->connectorState());
+}
+
+// It is wide, so it shares the place of another panel. Nobody sees it before there is something in it.
+void Application::addDetails()
+{
+    m_details = new DetailsDock(m_provider ? m_provider->connectorPlugin()->connector() : nullptr);
+    QDockWidget *neighbour = nullptr;
+    const auto docks = m_window->findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QDockWidget *dock : docks) {
+        if (m_window->dockWidgetArea(dock) == Qt::BottomDockWidgetArea)
+            neighbour = dock;
+    }
+    m_window->addToolWidget(Qt::BottomDockWidgetArea, m_details);
+    if (neighbour)
+        m_window->tabifyDockWidget(neighbour, m_details);
+    m_details->hide();
 }
 
 void Application::showState(HServer::State state)
