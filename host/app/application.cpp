@@ -3,6 +3,7 @@
 #include "application.h"
 
 #include "logincontroller.h"
+#include "outsidelink.h"
 
 #include <halvora/abstractprovider.h>
 #include <halvora/connector.h>
@@ -156,8 +157,10 @@ void Application::start()
     for (CorePluginInterface *plugin : qAsConst(m_plugins))
         plugin->onApplicationStart();
     m_window->show();
-    if (!m_options.link.isEmpty())
-        m_notices.append(tr("This version can not open links and files yet."));
+    const OutsideLink link = OutsideLink::parse(OutsideLink::absolute(m_options.link), ownScheme());
+    const bool isLinkUsable = !m_options.link.isEmpty() && link.kind() != OutsideLink::Refused;
+    if (!m_options.link.isEmpty() && !isLinkUsable)
+        m_notices.append(link.refusal());
     m_notices.append(m_core->storage()->takeNotices());
     connect(m_core->storage(), &StorageManager::noticeRaised, m_window.get(), &MainWindow::showNotice);
     if (!m_notices.isEmpty())
@@ -165,10 +168,12 @@ void Application::start()
     for (CorePluginInterface *plugin : qAsConst(m_plugins))
         plugin->onJobControllerRestore();
     // After what the plug-ins queued at their start.
-    QTimer::singleShot(0, this, [this] {
+    QTimer::singleShot(0, this, [this, isLinkUsable, link] {
         for (CorePluginInterface *plugin : qAsConst(m_plugins))
             plugin->onApplicationStartFinished();
         readPassword();
+        if (isLinkUsable)
+            open(link);
     });
     if (!m_options.screenshot.isEmpty())
         takePicture(m_options.screenshot);

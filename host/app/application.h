@@ -19,6 +19,7 @@ class CorePluginInterface;
 class DetailsDock;
 class LoginController;
 class MainWindow;
+class OutsideLink;
 
 /// The program from its start to its end: makes core and window, loads the plug-ins and drives them through
 /// their interface, each callback once and at its moment. GUI thread.
@@ -34,6 +35,14 @@ public:
     /// Ends what runs and destroys plug-ins, window and core, in that order. Where the worker does not end in
     /// time, the process is left with @p exitCode at once, settings and statistics saved.
     void shutDown(int exitCode);
+    /// What a later start of the program wants: the window in front and, unless it is empty, @p argument
+    /// opened.
+    void answerCall(const QString &argument);
+    /// Shows the window before all others, as far as the desktop lets a program do that.
+    void bringToFront();
+    /// Opens what another program or the desktop asks for: a link to a group of files or a local file, given
+    /// as a link or an absolute path. Anything else is refused with a sentence in the status bar.
+    void openFromOutside(const QString &text);
 
     Core *core() const;
     MainWindow *window() const;
@@ -52,6 +61,10 @@ private:
     void showSettings();
     void showState(HServer::State state);
     void changeLanguage();
+    QString ownScheme() const;
+    bool open(const OutsideLink &link);
+    void openFile(const QString &path);
+    void chooseFile();
     void readPassword();
     void takePicture(const QString &file);
 

@@ -4,6 +4,7 @@
 
 #include "detailsdock.h"
 #include "logincontroller.h"
+#include "outsidelink.h"
 #include "passwordpipe.h"
 #include "picture.h"
 #include "settingsdialog.h"
@@ -30,6 +31,8 @@ void Application::connectWindow()
     connect(m_window.get(), &MainWindow::closing, qApp, &QApplication::quit);
     connect(m_window.get(), &MainWindow::linkRequested, this,
             [this](const QUrl &url) { m_core->links().open(url); });
+    connect(m_window.get(), &MainWindow::fileRequested, this, &Application::chooseFile);
+    connect(m_window.get(), &MainWindow::fileDropped, this, &Application::openFromOutside);
     connect(&m_core->links(), &LinkOpener::refused, m_window.get(), &MainWindow::showNotice);
     const StorageManager *storage = m_core->storage();
     connect(storage, &StorageManager::writeProblemChanged, m_window.get(), &MainWindow::showLastingNotice);
@@ -40,6 +43,8 @@ void Application::connectWindow()
         m_window->setLoginPossible(false, false);
         return;
     }
+    m_core->links().setOwnScheme(ownScheme(),
+                                 [this](const QUrl &url) { return open(OutsideLink::parseOwn(url)); });
     HServer *server = m_provider->connectorPlugin()->connector()->server();
     connect(server, &HServer::stateChanged, this, &Application::showState);
     showState(server->connectorState());

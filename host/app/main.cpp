@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "application.h"
 #include "commandline.h"
+#include "instanceserver.h"
+#include "outsidelink.h"
+#include "singleinstance.h"
 
 #include <halvora/hlog.h>
-#include <halvora/profilelock.h>
 #include <halvora/storagemanager.h>
 
 #include <QApplication>
@@ -12,12 +14,15 @@
 #include <QIcon>
 #include <QMessageBox>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
 namespace {
 
 constexpr int misused = 2;
+// How long a program that runs may take to answer before it is said that it does not.
+constexpr std::chrono::seconds patience(10);
 
 void nameProgram()
 {
@@ -69,6 +74,13 @@ void refuse(const QString &sentence, const Options &options)
     message.exec();
 }
 
+SingleInstance::Outcome startInstance(SingleInstance &instance, const Options &options)
+{
+    if (!options.screenshot.isEmpty())
+        return instance.take();
+    return instance.takeOrHandOver(OutsideLink::absolute(options.link), patience);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -92,13 +104,26 @@ int main(int argc, char **argv)
     QApplication qtApplication(argc, argv);
     QApplication::setDesktopFileName(QStringLiteral("org.halvora.Halvora"));
     QApplication::setWindowIcon(programIcon());
-    const ProfileLock lock(StorageManager(options.profile).dataDirectory());
-    if (!lock.refusal().isEmpty()) {
-        refuse(lock.refusal(), options);
+    const QString folder = StorageManager(options.profile).dataDirectory();
+    SingleInstance instance(folder);
+    switch (startInstance(instance, options)) {
+    case SingleInstance::Taken:
+        break;
+    case SingleInstance::HandedOver:
+        return EXIT_SUCCESS;
+    case SingleInstance::Refused:
+        refuse(instance.refusal(), options);
         return EXIT_FAILURE;
     }
+    // Before the application: whoever calls in the meantime is heard once it runs.
+    InstanceServer server;
+    // A picture is of what one run does by itself.
+    if (options.screenshot.isEmpty() && !server.listen(InstanceServer::socketPath(folder)))
+        qWarning("Later starts of the program can not reach this one: %s",
+                 qUtf8Printable(server.errorString()));
     Application application(options);
     application.start();
+    QObject::connect(&server, &InstanceServer::called, &application, &Application::answerCall);
     const int exitCode = QApplication::exec();
     application.shutDown(exitCode);
     return exitCode;

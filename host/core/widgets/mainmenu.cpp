@@ -55,6 +55,10 @@ QAction *MainMenu::addEntry(QMenu *menu, const char *name, const char *icon)
 
 void MainMenu::fillProgramMenu()
 {
+    m_open = addEntry(m_program, "halvora.open", ":/icons/open.svg");
+    setShortcut(m_open, QKeySequence::Open, QKeySequence(QStringLiteral("Ctrl+O")));
+    connect(m_open, &QAction::triggered, this, &MainMenu::fileRequested);
+    m_program->addSeparator();
     m_settings = addEntry(m_program, "halvora.settings", ":/icons/settings.svg");
     m_settings->setMenuRole(QAction::PreferencesRole);
     setShortcut(m_settings, QKeySequence::Preferences, QKeySequence(QStringLiteral("Ctrl+,")));
@@ -104,6 +108,7 @@ void MainMenu::setLoginPossible(bool canLogIn, bool canLogOut)
 void MainMenu::retranslate()
 {
     m_program->setTitle(tr("&Halvora"));
+    m_open->setText(tr("&Open NZB File…"));
     m_settings->setText(tr("&Settings…"));
     m_quit->setText(tr("&Quit"));
     m_account->setTitle(tr("&Account"));

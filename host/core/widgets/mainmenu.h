@@ -23,6 +23,7 @@ public:
     void retranslate();
 
 Q_SIGNALS:
+    void fileRequested();
     void loginRequested();
     void logoutRequested();
     void settingsRequested();
@@ -40,6 +41,7 @@ private:
     QMenu *m_account;
     ViewMenu *m_view;
     QMenu *m_help = nullptr;
+    QAction *m_open = nullptr;
     QAction *m_settings = nullptr;
     QAction *m_quit = nullptr;
     QAction *m_login = nullptr;

@@ -13,7 +13,10 @@
 
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QDragEnterEvent>
 #include <QIcon>
+#include <QMimeData>
+#include <QUrl>
 
 namespace {
 
@@ -31,6 +34,14 @@ bool isArea(Qt::DockWidgetArea area)
            area == Qt::TopDockWidgetArea || area == Qt::BottomDockWidgetArea;
 }
 
+// Empty unless it is one local NZB file and nothing else.
+QString nzbFile(const QMimeData &data)
+{
+    const QList<QUrl> urls = data.urls();
+    const QString path = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+    return path.endsWith(QLatin1String(".nzb"), Qt::CaseInsensitive) ? path : QString();
+}
+
 } // namespace
 
 MainWindow::MainWindow(Core *core, QWidget *parent)
@@ -42,6 +53,7 @@ MainWindow::MainWindow(Core *core, QWidget *parent)
     , m_layout(std::make_unique<WindowLayout>(this, core->settings()))
 {
     setObjectName(QStringLiteral("halvora.mainWindow"));
+    setAcceptDrops(true);
     setWindowIcon(programIcon());
     addToolBar(Qt::TopToolBarArea, m_notice);
     m_notice->hide();
@@ -59,6 +71,7 @@ void MainWindow::connectMenu()
     connect(m_menu, &MainMenu::loginRequested, this, &MainWindow::loginRequested);
     connect(m_menu, &MainMenu::logoutRequested, this, &MainWindow::logoutRequested);
     connect(m_menu, &MainMenu::settingsRequested, this, &MainWindow::settingsRequested);
+    connect(m_menu, &MainMenu::fileRequested, this, &MainWindow::fileRequested);
     connect(m_menu, &MainMenu::reportRequested, this, &MainWindow::reportRequested);
     connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
     connect(m_menu->view(), &ViewMenu::resetRequested, this, [this] { m_layout->reset(); });
@@ -159,4 +172,23 @@ void MainWindow::closeEvent(QCloseEvent *event)
     m_layout->save();
     Q_EMIT closing();
     QMainWindow::closeEvent(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    // A file is read, never moved, whatever the other program would like.
+    if (nzbFile(*event->mimeData()).isEmpty() || !event->possibleActions().testFlag(Qt::CopyAction))
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    const QString path = nzbFile(*event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Q_EMIT fileDropped(path);
 }

@@ -73,6 +73,10 @@ Q_SIGNALS:
     void logoutRequested();
     void settingsRequested();
     void reportRequested();
+    /// A person wants to choose a file to open.
+    void fileRequested();
+    /// A person dropped a local NZB file on the window.
+    void fileDropped(const QString &path);
     /// A person wants to see @p url, which is http or https and names a host.
     void linkRequested(const QUrl &url);
     /// The window is about to close; its layout has been saved.
@@ -81,6 +85,8 @@ Q_SIGNALS:
 protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void connectMenu();
