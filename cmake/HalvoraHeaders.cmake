@@ -9,8 +9,8 @@ function(halvora_public_headers target)
         get_filename_component(name ${header} NAME)
         file(CONFIGURE OUTPUT ${HALVORA_INCLUDE_DIR}/halvora/${name}
              CONTENT "#include \"${CMAKE_CURRENT_SOURCE_DIR}/${header}\" // IWYU pragma: export\n")
+        set_property(TARGET ${target} APPEND PROPERTY PUBLIC_HEADER ${CMAKE_CURRENT_SOURCE_DIR}/${header})
     endforeach()
     target_sources(${target} PRIVATE ${ARGN})
-    target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${HALVORA_INCLUDE_DIR}>
-                                                $<INSTALL_INTERFACE:include>)
+    target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${HALVORA_INCLUDE_DIR}>)
 endfunction()

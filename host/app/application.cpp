@@ -4,6 +4,7 @@
 
 #include "logincontroller.h"
 #include "outsidelink.h"
+#include "pluginfolder.h"
 
 #include <halvora/abstractprovider.h>
 #include <halvora/connector.h>
@@ -49,13 +50,6 @@ void keepSettingsIn(const QString &profile)
                            QDir(QDir(profile).absolutePath()).filePath(QStringLiteral("settings")));
 }
 
-QString pluginDirectory(const Options &options)
-{
-    if (!options.pluginDirectory.isEmpty())
-        return QDir(options.pluginDirectory).absolutePath(); // relative ones are searched elsewhere
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/plugins");
-}
-
 } // namespace
 
 Application::Application(const Options &options)
@@ -66,7 +60,7 @@ Application::Application(const Options &options)
     m_core->locale()->installSaved();
     m_core->setAuthorityFile(options.authorityFile);
     keepSettingsIn(options.profile);
-    loadPlugins(pluginDirectory(options));
+    loadPlugins(PluginFolder::find(options.pluginDirectory, QCoreApplication::applicationDirPath()));
     useService();
 
     m_window = std::make_unique<MainWindow>(m_core.get());
