@@ -8,8 +8,6 @@
 #include <QTimer>
 
 class Connector;
-class QFormLayout;
-class QHBoxLayout;
 class QLabel;
 class QLayout;
 class QStackedWidget;
