@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "connector/cvconnectorplugin.h"
 #include "panels/cvinfotoolwidget.h"
+#include "panels/cvinfotoolwidget_p.h"
 
 #include <halvora/connector.h>
 #include <halvora/core.h>
@@ -65,7 +66,7 @@ private Q_SLOTS:
     void cleanup();
     void theDockCanBeMovedAndFloatedButNotClosed();
     void theContentIsAsHighAsPanelsAre();
-    void theTextsAreAsAgreed();
+    void everyPartHasItsText();
     void beforeAnyRecordTheEmptyPageShows();
     void anUnsupportedEmptyRecordShowsTheLoginPage();
     void aSupportedEmptyRecordShowsTheEmptyPage();
@@ -73,10 +74,13 @@ private Q_SLOTS:
     void theLimitIsAPlainDecimalNumber();
     void aRecordWithoutAPlanNameNeverShowsTheAccountPage_data();
     void aRecordWithoutAPlanNameNeverShowsTheAccountPage();
+    void negativeCountsAreHidden_data();
     void negativeCountsAreHidden();
     void aHiddenCountComesBack();
     void anAbsentCountIsShownAsZero();
     void theControlPanelRowShowsOnlyWithoutALinkOfTheHost();
+    void onlyTheLoginPageNotesTheTime();
+    void theUsageTimerRunsFromTheStart();
     void theUsageTimerRunsAndDoesNothingOnTheLoginPage();
     void theUsageTimerBringsTheCountsUpToDate();
     void localTrafficIsAddedToTheCounts();
@@ -92,10 +96,10 @@ private Q_SLOTS:
     void aLanguageChangeAppliesTheTextsAgain();
     void markupFromTheServiceIsShownAsText();
     void slotsAreKnownByTheirNames();
-    void theTrafficGridStandsAsDrawn();
-    void theLoginPageStandsAsDrawn();
+    void theTrafficStandsInFiveColumns();
+    void theLoginPageStandsFromTheUserToTheLinks();
     void theLoginPageWithoutStatisticsHoldsUserAndControlPanel();
-    void theAccountPageStandsAsDrawn();
+    void theAccountPageIsAFormInTheMiddle();
     void theIconsAreTheirs();
 
 private:
@@ -161,7 +165,7 @@ void TestCVInfoToolWidget::theContentIsAsHighAsPanelsAre()
     QCOMPARE(content->sizePolicy().verticalPolicy(), QSizePolicy::Minimum);
 }
 
-void TestCVInfoToolWidget::theTextsAreAsAgreed()
+void TestCVInfoToolWidget::everyPartHasItsText()
 {
     QCOMPARE(m_panel->windowTitle(), QStringLiteral("Your Account"));
     QCOMPARE(text("todayCaption"), QStringLiteral("Today"));
@@ -231,17 +235,29 @@ void TestCVInfoToolWidget::aRecordWithoutAPlanNameNeverShowsTheAccountPage()
     QTEST(page(), "page");
 }
 
+void TestCVInfoToolWidget::negativeCountsAreHidden_data()
+{
+    QTest::addColumn<qint64>("billing");
+    QTest::addColumn<qint64>("month");
+    QTest::newRow("billing cycle") << qint64(-1) << qint64(5000);
+    QTest::newRow("month") << qint64(5000) << qint64(-1);
+    QTest::newRow("none") << qint64(0) << qint64(5000);
+}
+
 void TestCVInfoToolWidget::negativeCountsAreHidden()
 {
-    m_panel->updateAccountStatus(filledRecord()); // which leaves a text to be cleared
+    QFETCH(qint64, billing);
+    QFETCH(qint64, month);
+    m_panel->updateAccountStatus(filledRecord()); // which leaves texts to be cleared
     m_panel->updateAccountStatus(record(
-        QStringLiteral("Demo"), QStringLiteral("max-connections='1' billing-bytes='-1' mtd-bytes='5000'")));
-    QVERIFY(!find<QLabel>("billing")->isVisible());
-    QVERIFY(!find<QLabel>("billingCaption")->isVisible());
-    QCOMPARE(text("billing"), QString());
-    QVERIFY(find<QLabel>("mtd")->isVisible());
-    QVERIFY(find<QLabel>("mtdCaption")->isVisible());
-    QCOMPARE(text("mtd"), bytes(5000));
+        QStringLiteral("Demo"),
+        QStringLiteral("max-connections='1' billing-bytes='%1' mtd-bytes='%2'").arg(billing).arg(month)));
+    QCOMPARE(find<QLabel>("billing")->isVisible(), billing >= 0);
+    QCOMPARE(find<QLabel>("billingCaption")->isVisible(), billing >= 0);
+    QCOMPARE(text("billing"), billing < 0 ? QString() : bytes(billing));
+    QCOMPARE(find<QLabel>("mtd")->isVisible(), month >= 0);
+    QCOMPARE(find<QLabel>("mtdCaption")->isVisible(), month >= 0);
+    QCOMPARE(text("mtd"), month < 0 ? QString() : bytes(month));
 }
 
 void TestCVInfoToolWidget::aHiddenCountComesBack()
@@ -270,6 +286,31 @@ void TestCVInfoToolWidget::theControlPanelRowShowsOnlyWithoutALinkOfTheHost()
     setControlPanel(QStringLiteral("https://my.corvia.example/"));
     m_panel->updateAccountStatus(CVAccountStatus());
     QVERIFY(!find<QWidget>("controlPanelRow")->isVisible());
+}
+
+void TestCVInfoToolWidget::onlyTheLoginPageNotesTheTime()
+{
+    CVInfoToolWidgetPrivate state(m_panel.get(), m_plugin.get(), m_stats.get());
+    state.build();
+    QVERIFY(state.lastLogin.isNull());
+    for (const CVAccountStatus &status : {filledRecord(), record(QString(), QString())}) {
+        state.status = status;
+        state.showRecord();
+        QVERIFY(state.lastLogin.isNull());
+    }
+    state.status = CVAccountStatus();
+    const QDateTime early(QDate(2001, 2, 3), QTime(4, 5));
+    state.lastLogin = early;
+    state.showRecord();
+    QVERIFY(state.lastLogin.isValid());
+    QVERIFY(state.lastLogin != early);
+}
+
+void TestCVInfoToolWidget::theUsageTimerRunsFromTheStart()
+{
+    const auto *timer = m_panel->findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(timer->isActive());
+    QCOMPARE(timer->interval(), 10000);
 }
 
 void TestCVInfoToolWidget::theUsageTimerRunsAndDoesNothingOnTheLoginPage()
@@ -381,6 +422,7 @@ void TestCVInfoToolWidget::withoutStatisticsTheCountsAreTheServices()
     m_core->traffic().addNntpDown(4096);
     m_panel->updateUsage();
     QCOMPARE(text("billing"), bytes(2048));
+    QCOMPARE(text("mtd"), bytes(1024));
 }
 
 void TestCVInfoToolWidget::theControlPanelLinkOpensTheHostsAddress()
@@ -419,7 +461,7 @@ void TestCVInfoToolWidget::aLanguageChangeAppliesTheTextsAgain()
     find<QLabel>("user")->setText(QStringLiteral("x"));
     QEvent event(QEvent::LanguageChange);
     QCoreApplication::sendEvent(m_panel.get(), &event);
-    theTextsAreAsAgreed();
+    everyPartHasItsText();
 }
 
 void TestCVInfoToolWidget::markupFromTheServiceIsShownAsText()
@@ -451,7 +493,7 @@ void TestCVInfoToolWidget::slotsAreKnownByTheirNames()
     QCOMPARE(page(), 2);
 }
 
-void TestCVInfoToolWidget::theTrafficGridStandsAsDrawn()
+void TestCVInfoToolWidget::theTrafficStandsInFiveColumns()
 {
     QGridLayout *grid = nullptr;
     const QList<QGridLayout *> grids = m_panel->findChildren<QGridLayout *>();
@@ -475,7 +517,7 @@ void TestCVInfoToolWidget::theTrafficGridStandsAsDrawn()
     QCOMPARE(form->rowCount(), 4);
 }
 
-void TestCVInfoToolWidget::theLoginPageStandsAsDrawn()
+void TestCVInfoToolWidget::theLoginPageStandsFromTheUserToTheLinks()
 {
     const auto *layout = qobject_cast<QVBoxLayout *>(pages()->widget(1)->layout());
     QCOMPARE(layout->contentsMargins(), QMargins(4, 4, 4, 4));
@@ -510,7 +552,7 @@ void TestCVInfoToolWidget::theLoginPageWithoutStatisticsHoldsUserAndControlPanel
     QCOMPARE(links->itemAt(0)->widget(), find<QWidget>("controlPanelRow"));
 }
 
-void TestCVInfoToolWidget::theAccountPageStandsAsDrawn()
+void TestCVInfoToolWidget::theAccountPageIsAFormInTheMiddle()
 {
     const auto *form = m_panel->findChild<QFormLayout *>();
     int row = 0;
