@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkstore.h"
+#include "statementlog.h"
 #include "words.h"
 
 #include "bookmarks/bookmarkitem.h"
@@ -9,9 +10,25 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <sqlite3.h>
+
+#include <memory>
+
 namespace {
 
 const QString group = QStringLiteral("alt.binaries.pictures.nature");
+
+std::unique_ptr<BookmarkItem> receivedFolder(const QString &name, const QStringList &newsgroups)
+{
+    auto folder = std::make_unique<BookmarkItem>(BookmarkKind::Folder, nullptr);
+    folder->setName(name);
+    for (const QString &newsgroup : newsgroups) {
+        auto *child = new BookmarkItem(BookmarkKind::Bookmark, folder.get());
+        child->setName(newsgroup);
+        folder->appendChild(child);
+    }
+    return folder;
+}
 
 } // namespace
 
@@ -35,7 +52,10 @@ private Q_SLOTS:
     void expandedFoldersOrElseTheFirstTwo_data();
     void expandedFoldersOrElseTheFirstTwo();
     void nestedFoldersDoNotCountAsExpanded();
-    void anImportAppendsFoldersInOneTransaction();
+    void anImportAppendsFolders();
+    void anImportIsOneTransaction();
+    void anImportIsToldWithinTheReset();
+    void whatWasImportedIsNotReadAgain();
 };
 
 void TestBookmarkChanges::aNewFolderIsFirstInAFolderAndLastAtTheTop()
@@ -192,6 +212,8 @@ void TestBookmarkChanges::aRefusedColourStillSavesAndTells()
     QSignalSpy changed(&store.model(), &QAbstractItemModel::dataChanged);
     store.model().setItemColor(folder, QStringLiteral("purple"));
     QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.first().at(0).toModelIndex(), folder);
+    QCOMPARE(changed.first().at(1).toModelIndex(), folder);
     QVERIFY(changed.first().at(2).value<QVector<int>>().isEmpty());
     QCOMPARE(store.rows().first().at(2), QStringLiteral("f"));
     QCOMPARE(store.rows().first().at(4), QStringLiteral("red"));
@@ -267,26 +289,20 @@ void TestBookmarkChanges::nestedFoldersDoNotCountAsExpanded()
     QCOMPARE(store.model().expandedFolderIndexes(), QModelIndexList{outer});
 }
 
-void TestBookmarkChanges::anImportAppendsFoldersInOneTransaction()
+void TestBookmarkChanges::anImportAppendsFolders()
 {
     BookmarkStore store;
     store.check();
     store.addFolder(QStringLiteral("old"));
     store.model().addBookmarks(words("own"), store.at({0}));
-    BookmarkItem received(BookmarkKind::Folder, nullptr);
-    received.setName(QStringLiteral("News"));
-    for (const char *name : {"x", "y", "x"}) {
-        auto *child = new BookmarkItem(BookmarkKind::Bookmark, &received);
-        child->setName(QString::fromLatin1(name));
-        received.appendChild(child);
-    }
-    auto *nested = new BookmarkItem(BookmarkKind::Folder, &received);
+    const auto received = receivedFolder(QStringLiteral("News"), words("x y x"));
+    auto *nested = new BookmarkItem(BookmarkKind::Folder, received.get());
     nested->setName(QStringLiteral("nested"));
-    received.insertChild(1, nested);
+    received->insertChild(1, nested);
     BookmarkItem bare(BookmarkKind::Bookmark, nullptr);
     bare.setName(QStringLiteral("bare"));
     QSignalSpy reset(&store.model(), &QAbstractItemModel::modelReset);
-    store.model().importFolders({&bare, &received});
+    store.model().importFolders({&bare, received.get()});
     QCOMPARE(reset.count(), 1);
     QCOMPARE(store.names(), words("old News"));
     QCOMPARE(store.names(store.at({1})), words("x y x"));
@@ -299,6 +315,60 @@ void TestBookmarkChanges::anImportAppendsFoldersInOneTransaction()
     QCOMPARE(store.model().provider()->bookmarkedNewsgroups(), words("x y x"));
     store.model().importFolders({});
     QCOMPARE(reset.count(), 1);
+}
+
+void TestBookmarkChanges::anImportIsOneTransaction()
+{
+    BookmarkStore store;
+    const auto first = receivedFolder(QStringLiteral("A"), words("x y"));
+    const auto second = receivedFolder(QStringLiteral("B"), {});
+    StatementLog log;
+    store.model().importFolders({first.get(), second.get()});
+    const auto insert = [](const char *values) {
+        return QStringLiteral("INSERT INTO bookmarks (parent_id, bookmark_name, bookmark_newsgroup, "
+                              "bookmark_color, bookmark_expanded, bookmark_order)  VALUES (%1, NULL, 0, -1)")
+            .arg(QString::fromLatin1(values));
+    };
+    const auto place = [](int order, int id) {
+        return QStringLiteral("UPDATE bookmarks SET bookmark_order=%1 WHERE bookmark_id=%2")
+            .arg(order)
+            .arg(id);
+    };
+    QCOMPARE(log.take(),
+             (QStringList{QStringLiteral("BEGIN TRANSACTION"), insert("NULL, 'A', NULL"), place(0, 1),
+                          insert("1, NULL, 'x'"), place(0, 2), insert("1, NULL, 'y'"), place(1, 3),
+                          insert("NULL, 'B', NULL"), place(1, 4), QStringLiteral("COMMIT TRANSACTION")}));
+}
+
+void TestBookmarkChanges::anImportIsToldWithinTheReset()
+{
+    BookmarkStore store;
+    QStringList events;
+    const auto note = [&events](const char *what) {
+        return [&events, what] {
+            const bool isStored = sqlite3_get_autocommit(BookmarkStore::handle()) != 0;
+            events.append(QLatin1String(what) +
+                          (isStored ? QString() : QStringLiteral(" before the commit")));
+        };
+    };
+    connect(&store.model(), &QAbstractItemModel::modelAboutToBeReset, this, note("resetting"));
+    connect(store.model().provider(), &BookmarkProvider::bookmarksChanged, this, note("told"));
+    connect(&store.model(), &QAbstractItemModel::modelReset, this, note("reset"));
+    store.model().importFolders({receivedFolder(QStringLiteral("A"), words("x")).get()});
+    QCOMPARE(events, (QStringList{QStringLiteral("resetting before the commit"), QStringLiteral("told"),
+                                  QStringLiteral("reset")}));
+}
+
+void TestBookmarkChanges::whatWasImportedIsNotReadAgain()
+{
+    BookmarkStore store;
+    store.model().importFolders({receivedFolder(QStringLiteral("A"), words("x")).get(),
+                                 receivedFolder(QStringLiteral("B"), {}).get()});
+    StatementLog log;
+    QCOMPARE(store.names(store.at({0})), words("x"));
+    QCOMPARE(store.model().rowCount(store.at({0, 0})), 0);
+    QCOMPARE(store.model().rowCount(store.at({1})), 0);
+    QCOMPARE(log.take(), QStringList());
 }
 
 QTEST_MAIN(TestBookmarkChanges)

@@ -42,7 +42,7 @@ private Q_SLOTS:
     void removingRowsLeavesTheFileAlone();
     void rowsThatThereAreNotAreNotRemoved_data();
     void rowsThatThereAreNotAreNotRemoved();
-    void theConnectorsStateChangesNothingYet();
+    void theSlotsCanBeCalledByName();
 };
 
 void TestCVBookmarkManager::itsMetaObjectIsWhatOthersRelyOn()
@@ -308,14 +308,20 @@ void TestCVBookmarkManager::rowsThatThereAreNotAreNotRemoved()
     QCOMPARE(store.names(folder), words("a b"));
 }
 
-void TestCVBookmarkManager::theConnectorsStateChangesNothingYet()
+void TestCVBookmarkManager::theSlotsCanBeCalledByName()
 {
     BookmarkStore store;
     store.check();
-    QMetaObject::invokeMethod(&store.model(), "connectorStateChanged",
-                              Q_ARG(HServer::State, HServer::Connected));
-    QMetaObject::invokeMethod(&store.model(), "bookmarksRequestFinished");
-    QCOMPARE(store.model().rowCount(), 0);
+    store.addFolder(QStringLiteral("f")); // so that nobody is asked for any
+    QSignalSpy reset(&store.model(), &QAbstractItemModel::modelReset);
+    QVERIFY(QMetaObject::invokeMethod(&store.model(), "bookmarksRequestFinished", Qt::QueuedConnection));
+    QVERIFY(QMetaObject::invokeMethod(&store.model(), "connectorStateChanged", Qt::QueuedConnection,
+                                      Q_ARG(HServer::State, HServer::Connected)));
+    QCoreApplication::processEvents();
+    QCOMPARE(reset.count(), 0);
+    QVERIFY(QMetaObject::invokeMethod(&store.model(), "load", Qt::QueuedConnection));
+    QTRY_COMPARE(reset.count(), 1);
+    QCOMPARE(store.names(), words("f"));
 }
 
 QTEST_MAIN(TestCVBookmarkManager)
