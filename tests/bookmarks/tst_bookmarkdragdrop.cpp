@@ -27,7 +27,7 @@ const QString top = QStringLiteral("NULL");
 class TestBookmarkDragDrop : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void theFormatsAndActionsAreTheAgreedOnes();
+    void dragsHaveTwoFormatsAndAreMoves();
     void aDragHoldsEachChosenItemWithItsLoadedTree();
     void aDragLoadsTheChildrenOfWhatIsChosen();
     void dropsAreTakenOnlyInFolders();
@@ -42,13 +42,14 @@ private Q_SLOTS:
     void newsgroupsBecomeTheLastBookmarks();
     void newsgroupsAreInsertedAtARow();
     void newsgroupsMayBeDroppedAtTheTop();
+    void newsgroupsGoFirstWhereADragHoldsBoth();
     void noNewsgroupsAreTakenAndNotAnnounced();
     void anIgnoredDropIsTaken();
     void dropsAreRefused_data();
     void dropsAreRefused();
 };
 
-void TestBookmarkDragDrop::theFormatsAndActionsAreTheAgreedOnes()
+void TestBookmarkDragDrop::dragsHaveTwoFormatsAndAreMoves()
 {
     BookmarkStore store;
     QCOMPARE(store.model().mimeTypes(), (QStringList{newsgroupType, bookmarkType}));
@@ -224,6 +225,9 @@ void TestBookmarkDragDrop::newsgroupsBecomeTheLastBookmarks()
     QCOMPARE(store.names(folder), words("a y x"));
     QCOMPARE(store.orders(QStringLiteral("1")), rows("a 0, y 1, x 2"));
     QCOMPARE(added.count(), 2);
+    QCOMPARE(added.at(0).constFirst().toString(), QStringLiteral("y"));
+    QCOMPARE(added.at(1).constFirst().toString(), QStringLiteral("x"));
+    QVERIFY(store.model().provider()->isBookmarked(QStringLiteral("x")));
     QCOMPARE(inserted.count(), 1);
     QCOMPARE(inserted.first().mid(1), (QVariantList{1, 2}));
 }
@@ -247,6 +251,19 @@ void TestBookmarkDragDrop::newsgroupsMayBeDroppedAtTheTop()
     QVERIFY(store.model().dropMimeData(newsgroups(words("x")).get(), Qt::CopyAction, 1, 0, QModelIndex()));
     QCOMPARE(store.names(), words("f x g"));
     QCOMPARE(store.orders(top), rows("f 0, x 1, g 2"));
+}
+
+void TestBookmarkDragDrop::newsgroupsGoFirstWhereADragHoldsBoth()
+{
+    BookmarkStore store;
+    store.check();
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    store.addFolder(QStringLiteral("g"));
+    const auto data = record(-1599029040, 2, -1, QStringLiteral("g"));
+    data->setData(newsgroupType, newsgroups(words("x"))->data(newsgroupType));
+    QVERIFY(store.model().dropMimeData(data.get(), Qt::MoveAction, -1, -1, folder));
+    QCOMPARE(store.names(folder), words("x"));
+    QCOMPARE(store.names(), words("f g"));
 }
 
 void TestBookmarkDragDrop::noNewsgroupsAreTakenAndNotAnnounced()

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void aWriteBetweenDropAndRemovalPutsTheMovedRowRight();
     void aMoveBetweenFoldersLeavesAGap();
     void aMovedFolderKeepsWhatIsInIt();
+    void bookmarksMayBeDroppedAtTheTop();
     void rowsThatAreGoneAreSkipped();
     void aDropTakesOnlyTheIdFromTheRecord();
     void eachMovedItemIsWrittenWithTargetAndTop();
@@ -124,6 +125,24 @@ void TestBookmarkMoves::aMovedFolderKeepsWhatIsInIt()
     QVERIFY(store.model().itemFromIndex(now)->isExpanded());
     store.model().load();
     QCOMPARE(store.names(store.at({0, 0})), words("a b"));
+}
+
+// No view lets that happen, as the model says beforehand that it takes nothing there.
+void TestBookmarkMoves::bookmarksMayBeDroppedAtTheTop()
+{
+    BookmarkStore store;
+    store.check();
+    const QModelIndex source = store.addFolder(QStringLiteral("s"));
+    store.addFolder(QStringLiteral("t"));
+    store.model().addBookmarks(words("a b"), source);
+    const std::unique_ptr<QMimeData> data(store.model().mimeData({store.at({0, 0})}));
+    QVERIFY(!store.model().canDropMimeData(data.get(), Qt::MoveAction, 1, 0, QModelIndex()));
+    QVERIFY(store.model().dropMimeData(data.get(), Qt::MoveAction, 1, 0, QModelIndex()));
+    QVERIFY(store.model().removeRows(0, 1, store.at({0})));
+    QCOMPARE(store.names(), words("s a t"));
+    QCOMPARE(store.orders(top), rows("s 0, a 1, t 2"));
+    QCOMPARE(store.names(store.at({0})), words("b"));
+    QVERIFY(!store.model().itemFromIndex(store.at({1}))->parent());
 }
 
 void TestBookmarkMoves::rowsThatAreGoneAreSkipped()
