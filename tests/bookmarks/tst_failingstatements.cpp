@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "bookmarkoperations.h"
 #include "bookmarkstore.h"
+#include "dragdata.h"
 #include "nthfault.h"
 #include "obstacles.h"
 #include "sqlitefile.h"
@@ -10,8 +11,11 @@
 
 #include "bookmarks/bookmarkitem.h"
 
+#include <halvora/dbutils.h>
+
 #include <QFileInfo>
 #include <QHash>
+#include <QMimeData>
 #include <QTest>
 
 #include <sqlite3.h>
@@ -19,6 +23,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -118,9 +123,81 @@ void begin(BookmarkStore &store)
     store.check();
 }
 
+StatementFault failing(StatementFault::Change change)
+{
+    StatementFault fault;
+    fault.change = change;
+    fault.effect = StatementFault::Abort;
+    return fault;
+}
+
+StatementFault refusedCommit()
+{
+    StatementFault fault;
+    fault.isCommitRefused = true;
+    return fault;
+}
+
+StatementFault denied(int action, const char *what = nullptr)
+{
+    StatementFault fault;
+    fault.deniedAction = action;
+    fault.deniedOperation = what;
+    return fault;
+}
+
+void add(BookmarkStore &store)
+{
+    store.model().addBookmarks({QStringLiteral("x")}, store.at({0}));
+}
+
+void renameFirst(BookmarkStore &store)
+{
+    store.model().setData(store.at({0}), QStringLiteral("x"));
+}
+
+void removeFirst(BookmarkStore &store)
+{
+    store.model().removeBookmark(store.at({0}));
+}
+
+void renumber(BookmarkStore &store)
+{
+    store.model().renumberChildren(nullptr);
+}
+
+void load(BookmarkStore &store)
+{
+    store.model().load();
+}
+
+void look(BookmarkStore &store)
+{
+    store.model().rowCount(store.at({0}));
+}
+
+void drop(BookmarkStore &store)
+{
+    const auto data = dragdata::record(0, 8, 2, QStringLiteral("d"));
+    store.model().dropMimeData(data.get(), Qt::MoveAction, -1, -1, QModelIndex());
+}
+
+void import(BookmarkStore &store)
+{
+    BookmarkItem folder(BookmarkKind::Folder, nullptr);
+    folder.setName(QStringLiteral("x"));
+    store.model().importFolders({&folder});
+}
+
+void clear(BookmarkStore &store)
+{
+    store.model().clearBookmarks();
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(BookmarkOperation)
+Q_DECLARE_METATYPE(StatementFault)
 
 class TestFailingStatements : public QObject {
     Q_OBJECT
@@ -129,6 +206,8 @@ private Q_SLOTS:
     void cleanupTestCase();
     void eachStatementMayFailOnce_data();
     void eachStatementMayFailOnce();
+    void onlySomeFailuresAreTold_data();
+    void onlySomeFailuresAreTold();
     void aRowThatTakesTheIdOfALostOneGetsItsPlace();
     void theFileMayBeLocked_data();
     void theFileMayBeLocked();
@@ -184,6 +263,51 @@ void TestFailingStatements::eachStatementMayFailOnce()
     }
     // What only reads commits no change.
     QVERIFY(number > 2 || kind == NthFault::Refused);
+}
+
+void TestFailingStatements::onlySomeFailuresAreTold_data()
+{
+    QTest::addColumn<StatementFault>("fault");
+    QTest::addColumn<BookmarkOperation>("operation");
+    QTest::addColumn<int>("told");
+    QTest::newRow("a row that is inserted") << failing(StatementFault::Insert) << BookmarkOperation(add) << 0;
+    QTest::newRow("a row that is changed")
+        << failing(StatementFault::Row) << BookmarkOperation(renameFirst) << 0;
+    QTest::newRow("places") << failing(StatementFault::Order) << BookmarkOperation(add) << 0;
+    QTest::newRow("a row that is deleted")
+        << failing(StatementFault::Delete) << BookmarkOperation(removeFirst) << 0;
+    QTest::newRow("all rows that are deleted")
+        << failing(StatementFault::Delete) << BookmarkOperation(clear) << 1;
+    using Named = std::pair<const char *, BookmarkOperation>;
+    for (const auto &[name, operation] : {Named("saving", renameFirst), Named("removing", removeFirst),
+                                          Named("clearing", clear), Named("importing", import)})
+        QTest::addRow("the commit, %s", name) << refusedCommit() << operation << 1;
+    for (const auto &[name, operation] :
+         {Named("saving", renameFirst), Named("removing", removeFirst), Named("renumbering", renumber),
+          Named("loading", load), Named("clearing", clear), Named("importing", import)})
+        QTest::addRow("the beginning, and so the commit, %s", name)
+            << denied(SQLITE_TRANSACTION, "BEGIN") << operation << 2;
+    QTest::newRow("both that read the top") << denied(SQLITE_SELECT) << BookmarkOperation(load) << 2;
+    QTest::newRow("what reads children") << denied(SQLITE_SELECT) << BookmarkOperation(look) << 1;
+    QTest::newRow("what reads a dropped row") << denied(SQLITE_SELECT) << BookmarkOperation(drop) << 1;
+}
+
+void TestFailingStatements::onlySomeFailuresAreTold()
+{
+    QFETCH(StatementFault, fault);
+    QFETCH(BookmarkOperation, operation);
+    BookmarkStore store;
+    begin(store);
+    store.leave();
+    store.model().load(); // so that there are children to be read
+    StatementFaults faults(BookmarkStore::handle());
+    int told = 0;
+    DBUtils::setFailureHandler([&told](const QString &) { ++told; });
+    faults.set(fault);
+    operation(store);
+    faults.set({});
+    DBUtils::setFailureHandler({});
+    QTEST(told, "told");
 }
 
 void TestFailingStatements::aRowThatTakesTheIdOfALostOneGetsItsPlace()
