@@ -94,8 +94,8 @@ void GeneralPage::reset()
         distributor->resetWantedConnections();
         m_connections->setValue(distributor->wantedConnections());
     }
-    m_locale->setLanguage(english());
-    m_language->setCurrentIndex(m_language->findData(english()));
+    m_locale->reset();
+    m_language->setCurrentIndex(m_language->findData(m_locale->currentLanguage()));
 }
 
 void GeneralPage::changeEvent(QEvent *event)
@@ -118,6 +118,6 @@ void GeneralPage::retranslate()
                                    ? tr("Your account allows %1.").arg(distributor->maxConnectionsMax())
                                    : tr("What your account allows is known after the login."));
     const int interval = connector->autoSearch()->checkInterval();
-    m_search->setText(interval > 0 ? tr("every %1 minutes").arg(1 + (interval - 1) / 60)
+    m_search->setText(interval > 0 ? tr("every %n minutes", nullptr, 1 + (interval - 1) / 60)
                                    : tr("not yet known"));
 }

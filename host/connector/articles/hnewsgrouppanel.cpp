@@ -208,7 +208,7 @@ void HNewsgroupPanel::updateLine()
     else if (m_list->state() == ArticleList::Loading && !m_list->message().isEmpty())
         m_line->showProgress(m_list->message());
     else if (m_list->state() == ArticleList::Loading)
-        m_line->showProgress(progress > 0 ? tr("%1 articles loaded…").arg(QLocale().toString(progress))
+        m_line->showProgress(progress > 0 ? tr("%Ln articles loaded…", nullptr, progress)
                                           : tr("Loading articles…"));
     else if (!problems.isEmpty())
         m_line->showProblem(problems.join(QStringLiteral("; ")), summary());
@@ -221,8 +221,8 @@ QString HNewsgroupPanel::summary() const
 {
     const int count = m_articles->rowCount();
     if (count > 0) {
-        const QString shown = tr("%1 of %2 articles shown")
-                                  .arg(QLocale().toString(m_shown->rowCount()), QLocale().toString(count));
+        const QString shown =
+            tr("%1 of %Ln articles shown", nullptr, count).arg(QLocale().toString(m_shown->rowCount()));
         return m_list->hasMore() ? tr("%1, older ones are on the server").arg(shown) : shown;
     }
     if (m_list->state() == ArticleList::Failed)

@@ -28,7 +28,7 @@ void HNewsgroupsPanel::updateLine()
         if (!m_list->message().isEmpty())
             m_line->showProgress(m_list->message());
         else if (progress > 0)
-            m_line->showProgress(tr("%1 newsgroups loaded…").arg(QLocale().toString(progress)));
+            m_line->showProgress(tr("%Ln newsgroups loaded…", nullptr, progress));
         else
             m_line->showProgress(tr("Loading the newsgroups…"));
         break;
@@ -43,8 +43,7 @@ QString HNewsgroupsPanel::summary() const
 {
     const int count = m_model->table().count();
     if (count > 0)
-        return tr("%1 of %2 newsgroups")
-            .arg(QLocale().toString(m_model->rowCount()), QLocale().toString(count));
+        return tr("%1 of %Ln newsgroups", nullptr, count).arg(QLocale().toString(m_model->rowCount()));
     if (m_list->isLoginMissing())
         return tr("Log in to load the newsgroups.");
     return m_list->contents().fetched.isValid() ? tr("The news server has no newsgroups.") : QString();

@@ -4,7 +4,6 @@
 
 #include "fileupdate.h"
 
-#include <QCoreApplication>
 #include <QList>
 
 #include <algorithm>
@@ -56,18 +55,15 @@ QStringList DesktopEntry::mimeTypes(const QString &file)
 
 QByteArray DesktopEntry::compose(const QString &title, const QString &program, const QStringList &mimeTypes)
 {
-    const auto tr = [](const char *text) {
-        return escaped(singleLine(QCoreApplication::translate("DesktopEntry", text)));
-    };
+    const auto line = [](const QString &text) { return escaped(singleLine(text)); };
     const QString name = singleLine(title);
     const QStringList lines = {
         QStringLiteral("[Desktop Entry]"),
         QStringLiteral("Type=Application"),
         QStringLiteral("Version=1.4"),
         QStringLiteral("Name=") + (name.isEmpty() ? QStringLiteral("Halvora") : escaped(name)),
-        QStringLiteral("GenericName=") + tr(QT_TRANSLATE_NOOP("DesktopEntry", "Usenet Client")),
-        QStringLiteral("Comment=") +
-            tr(QT_TRANSLATE_NOOP("DesktopEntry", "Browse newsgroups and download from Usenet")),
+        QStringLiteral("GenericName=") + line(tr("Usenet Client")),
+        QStringLiteral("Comment=") + line(tr("Browse newsgroups and download from Usenet")),
         QStringLiteral("Exec=") + escaped(quotedArgument(program)) + QStringLiteral(" %u"),
         QStringLiteral("Icon=org.halvora.Halvora"),
         QStringLiteral("Terminal=false"),

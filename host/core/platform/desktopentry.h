@@ -3,11 +3,13 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
 /// This program's desktop entry file.
 class DesktopEntry {
+    Q_DECLARE_TR_FUNCTIONS(DesktopEntry)
 public:
     /// The file's name, which is what other files call the program by.
     static QString id();

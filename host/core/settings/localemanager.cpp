@@ -52,6 +52,16 @@ QStringList catalogueFiles(const QStringList &directories, const QString &langua
     return files;
 }
 
+/// @p name of the system, such as "de-DE", as catalogues are called, from the narrowest to the widest.
+QStringList catalogueNames(const QString &name)
+{
+    QStringList parts = name.split(QLatin1Char('-'));
+    QStringList names;
+    for (; !parts.isEmpty(); parts.removeLast())
+        names.append(parts.join(QLatin1Char('_')));
+    return names;
+}
+
 /// The user's own number and date formats, when the language is theirs.
 QLocale localeFor(const QString &language)
 {
@@ -95,6 +105,20 @@ QStringList LocaleManager::availableLanguages() const
     return languages;
 }
 
+QString LocaleManager::systemLanguage() const
+{
+    const QStringList available = availableLanguages();
+    const QStringList wanted = QLocale::system().uiLanguages();
+    for (const QString &language : wanted) {
+        const QStringList names = catalogueNames(language);
+        for (const QString &name : names) {
+            if (available.contains(name))
+                return name;
+        }
+    }
+    return english();
+}
+
 void LocaleManager::setTranslationDirectories(const QStringList &directories)
 {
     m_directories = directories;
@@ -110,8 +134,15 @@ bool LocaleManager::setLanguage(const QString &language)
 
 void LocaleManager::installSaved()
 {
-    if (!install(m_language))
+    const QString saved = m_settings.value(key()).toString();
+    if (!install(isLanguage(saved) ? saved : systemLanguage()))
         install(english());
+}
+
+void LocaleManager::reset()
+{
+    m_settings.remove(key());
+    installSaved();
 }
 
 bool LocaleManager::install(const QString &language)
@@ -140,9 +171,10 @@ bool LocaleManager::load(const QString &language, Catalogues *catalogues) const
     for (const QString &file : files) {
         auto catalogue = std::make_unique<QTranslator>();
         // Qt goes on to look for files with shorter names; what it finds there is another language.
-        if (!catalogue->load(file) || QFileInfo(catalogue->filePath()).absoluteFilePath() != file)
+        if (catalogue->load(file) && QFileInfo(catalogue->filePath()).absoluteFilePath() == file)
+            catalogues->push_back(std::move(catalogue));
+        else if (language != english()) // which is always there
             return false;
-        catalogues->push_back(std::move(catalogue));
     }
     return language == english() || !files.isEmpty();
 }
