@@ -55,6 +55,10 @@ private Q_SLOTS:
     void qtsOwnTextsFollow();
     void goingBackTakesTheCataloguesOut();
     void theLanguageIsRemembered();
+    void aNewUserGetsTheSystemsLanguage_data();
+    void aNewUserGetsTheSystemsLanguage();
+    void aResetForgetsTheLanguage();
+    void englishDoesWithoutADamagedCatalogue();
     void installingTheSavedLanguageAnnouncesIt();
     void aRememberedLanguageWithoutCatalogueBecomesEnglish();
     void whatCannotBeInstalledChangesNothing_data();
@@ -145,6 +149,73 @@ void LocaleManagerTest::theLanguageIsRemembered()
     QVERIFY(m_locale->setLanguage(QStringLiteral("de")));
     QCOMPARE(m_settings->value(QStringLiteral("Language")).toString(), QStringLiteral("de"));
     QCOMPARE(LocaleManager(*m_settings).currentLanguage(), QStringLiteral("de"));
+}
+
+void LocaleManagerTest::aNewUserGetsTheSystemsLanguage_data()
+{
+    QTest::addColumn<QString>("system");
+    QTest::addColumn<QString>("saved");
+    QTest::addColumn<QString>("language");
+    const QString de = QStringLiteral("de");
+    const QString en = QStringLiteral("en");
+    QTest::newRow("German") << QStringLiteral("LANG=de_DE.UTF-8") << QString() << de;
+    QTest::newRow("German of another country") << QStringLiteral("LANG=de_AT.UTF-8") << QString() << de;
+    QTest::newRow("narrower catalogue")
+        << QStringLiteral("LANG=pt_BR.UTF-8") << QString() << QStringLiteral("pt_BR");
+    QTest::newRow("only another country's") << QStringLiteral("LANG=pt_PT.UTF-8") << QString() << en;
+    QTest::newRow("texts only") << QStringLiteral("LC_MESSAGES=de_DE.UTF-8") << QString() << de;
+    QTest::newRow("first with a catalogue") << QStringLiteral("LANGUAGE=fi:de:en") << QString() << de;
+    QTest::newRow("English before it") << QStringLiteral("LANGUAGE=en:de") << QString() << en;
+    QTest::newRow("no catalogue") << QStringLiteral("LANG=fi_FI.UTF-8") << QString() << en;
+    QTest::newRow("none") << QStringLiteral("LANG=C") << QString() << en;
+    QTest::newRow("nonsense") << QStringLiteral("LANG=../de") << QString() << en;
+    QTest::newRow("chosen") << QStringLiteral("LANG=de_DE.UTF-8") << en << en;
+    QTest::newRow("chosen nonsense") << QStringLiteral("LANG=de_DE.UTF-8") << QStringLiteral("*") << de;
+}
+
+void LocaleManagerTest::aNewUserGetsTheSystemsLanguage()
+{
+    QFETCH(QString, system);
+    QFETCH(QString, saved);
+    QFETCH(QString, language);
+    put(QStringLiteral("localetest_de.qm"));
+    put(QStringLiteral("localetest_pt_BR.qm"));
+    if (!saved.isEmpty())
+        m_settings->setValue(QStringLiteral("Language"), saved);
+    m_settings->sync();
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANGUAGE", "LANG"})
+        environment.remove(QLatin1String(name));
+    environment.insert(QStringLiteral("LANG"), QStringLiteral("en_US.UTF-8"));
+    environment.insert(system.section(QLatin1Char('='), 0, 0), system.section(QLatin1Char('='), 1));
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(PRINT_LANGUAGE), {m_settings->fileName(), m_folder->path()});
+    QVERIFY(program.waitForFinished(120'000));
+    QCOMPARE(QString::fromUtf8(program.readAllStandardOutput()).trimmed(), language);
+    m_settings->sync();
+    QCOMPARE(m_settings->value(QStringLiteral("Language")).toString(), saved); // the choice stays a person's
+}
+
+void LocaleManagerTest::aResetForgetsTheLanguage()
+{
+    QVERIFY(m_locale->setLanguage(QStringLiteral("de")));
+    m_locale->reset();
+    QCOMPARE(m_locale->currentLanguage(), QStringLiteral("en"));
+    QVERIFY(!m_settings->contains(QStringLiteral("Language")));
+    QCOMPARE(word(), QStringLiteral("Newsgroup"));
+}
+
+void LocaleManagerTest::englishDoesWithoutADamagedCatalogue()
+{
+    QFile file(m_folder->filePath(QStringLiteral("a_en.qm")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("no catalogue at all, only text that is longer than a catalogue's first bytes");
+    file.close();
+    m_locale->setTranslationDirectories({catalogues(), m_folder->path()});
+    QVERIFY(m_locale->setLanguage(QStringLiteral("de")));
+    QVERIFY(m_locale->setLanguage(QStringLiteral("en")));
+    QCOMPARE(word(), QStringLiteral("Newsgroup"));
 }
 
 void LocaleManagerTest::installingTheSavedLanguageAnnouncesIt()

@@ -15,7 +15,8 @@ class QSettings;
 class QTranslator;
 
 /// The language of the program, changed while it runs. The texts in the sources are English ("en"), for which
-/// no catalogue is needed; one makes them count better. Other languages come from catalogues (Qt's .qm files) whose names end in "_de.qm",
+/// no catalogue is needed; one makes them count better. Other languages come from catalogues (Qt's .qm files)
+/// whose names end in "_de.qm",
 /// "_pt_BR.qm". GUI thread.
 class HALVORA_CORE_EXPORT LocaleManager : public QObject {
     Q_OBJECT
