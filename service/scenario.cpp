@@ -122,6 +122,9 @@ Message readMessage(const ScenarioNode &node)
     if (message.uid.find_first_not_of(" \t\r\n") == std::string::npos) {
         node.fail("a message has a uid that is not blank");
     }
+    if (message.uid.size() > 255) {
+        node.fail("the uid of a message has at most 255 bytes");
+    }
     message.text = node.content();
     message.date = dateOfMessage(node);
     message.url = node.optionalText("url");

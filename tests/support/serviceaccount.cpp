@@ -52,12 +52,14 @@ HServerAddress ServiceAccount::deadAddress()
 bool ServiceAccount::logIn()
 {
     const QSharedPointer<TestLogin> login(new TestLogin(&connector()));
+    // At once, as a provider does: what the reply brings along is for the account that is logged in then.
+    QObject::connect(login.data(), &HRequest::requestFinished, m_plugin.get(), [this, request = login.data()] {
+        if (request->isSuccessful())
+            m_plugin->applyLogin(request);
+    });
     QSignalSpy finished(login.data(), &HRequest::requestFinished);
     server().prependRequestToQueue(login);
-    if (!finished.wait(30'000) || !login->isSuccessful())
-        return false;
-    m_plugin->applyLogin(login.data());
-    return true;
+    return finished.wait(30'000) && login->isSuccessful();
 }
 
 void ServiceAccount::setFault(corvia::Fault::Kind kind, int number, const std::string &text,

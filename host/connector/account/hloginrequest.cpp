@@ -78,6 +78,11 @@ QHash<QString, UrlInfo> HLoginRequest::links() const
     return m_links;
 }
 
+QString HLoginRequest::userName() const
+{
+    return m_userName;
+}
+
 bool HLoginRequest::isLoginRequest() const
 {
     return true;
@@ -90,8 +95,9 @@ bool HLoginRequest::isSuccessful() const
 
 void HLoginRequest::buildRequestInternal(QXmlStreamWriter &writer)
 {
+    m_userName = connector()->username();
     writer.writeStartElement(QStringLiteral("login"));
-    writer.writeTextElement(QStringLiteral("user-name"), connector()->username());
+    writer.writeTextElement(QStringLiteral("user-name"), m_userName);
     writer.writeTextElement(QStringLiteral("password"), connector()->password());
     writer.writeEmptyElement(QStringLiteral("client"));
     writer.writeAttribute(QStringLiteral("name"), QStringLiteral("Halvora"));

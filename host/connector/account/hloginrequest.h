@@ -27,6 +27,8 @@ public:
     int autoSearchCheckInterval() const;
     QString session() const;
     QHash<QString, UrlInfo> links() const;
+    /// Whose login it was; empty when it was never sent.
+    QString userName() const;
 
     bool isLoginRequest() const override;
     bool isSuccessful() const override;
@@ -39,5 +41,6 @@ private:
     QDomElement m_softwareUpdate;
     QHash<QString, UrlInfo> m_links;
     QString m_session;
+    QString m_userName;
     int m_autoSearchCheckInterval = 0;
 };

@@ -69,6 +69,7 @@ Connector::Connector(Core *core, ConnectorPlugin *plugin)
     , m_messages(new HMessageManager(core, this))
     , m_nntpHosts(loadHosts(core->settings()))
 {
+    connect(m_server, &HServer::messagesReceived, m_messages, &HMessageManager::receive);
 }
 
 // The workers read what the members below hold, and server and distributor, being children, would go after
@@ -165,6 +166,7 @@ void Connector::applyLogin(const HLoginRequest &login)
 {
     storeNntpHosts(login.nntpHosts());
     m_core->setUrls(login.links());
+    m_messages->setAccount(login.userName());
     m_distributor->open();
     HLog::addSecret(login.session());
     m_server->logIn(login.session());
@@ -176,5 +178,6 @@ void Connector::logOut()
     setAccount(QString(), QString());
     storeNntpHosts({});
     m_core->setUrls({});
+    m_messages->setAccount(QString());
     m_server->logOut();
 }

@@ -32,6 +32,7 @@ public:
     HServer *server() const;
     HNntpDistributor *distributor() const;
     HAutoSearchService *autoSearch() const;
+    /// The messages of the account that is logged in or, before any login, of the one that was last.
     HMessageManager *messages() const;
 
     /// Any thread.
@@ -46,10 +47,11 @@ public:
 
     /// Whether a login was applied and still holds, so that requests make sense.
     bool isLoginAvailable() const;
-    /// What every successful login does: takes news servers and links, opens the distributor, connects the
-    /// server.
+    /// What every successful login does: takes news servers and links, shows the account's messages, opens the
+    /// distributor, connects the server.
     void applyLogin(const HLoginRequest &login);
-    /// Forgets user name and password, the session, the news servers and the links.
+    /// Forgets user name and password, the session, the news servers and the links, and shows no
+    /// messages any more.
     void logOut();
 
     /// Ends every request and every task without success and waits for their workers, at most two seconds in

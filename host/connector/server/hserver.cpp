@@ -186,11 +186,24 @@ void HServer::deliver(const ServerJob &job)
 
     follow(failure, isLogin, sessionEnded);
     m_queue->goOn(job.turn);
+    const QString sessionBefore = m_situation->session;
     request.deliver();
+    tellMessages(job, sessionBefore);
     if (!failure.isNull())
         Q_EMIT requestFailed(failure, isLogin);
     if (sessionEnded)
         Q_EMIT sessionRefused();
+}
+
+// Messages belong to an account. Those of a login do so once it is applied, which gives a session of its own;
+// any other reply has to be of the session that still holds.
+void HServer::tellMessages(const ServerJob &job, const QString &sessionBefore)
+{
+    const QString &session = m_situation->session;
+    const bool belongs = job.request->isLoginRequest() ? job.request->isSuccessful() && session != sessionBefore
+                                                       : session == job.situation.session;
+    if (belongs && !session.isEmpty() && !m_closed && !job.messages.isEmpty())
+        Q_EMIT messagesReceived(job.messages);
 }
 
 void HServer::follow(const RequestFailure &failure, bool isLogin, bool sessionEnded)

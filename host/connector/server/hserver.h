@@ -3,12 +3,14 @@
 #pragma once
 
 #include <halvora/connectorexport.h>
+#include <halvora/hmessage.h>
 #include <halvora/hrequest.h>
 #include <halvora/hserveraddress.h>
 
 #include <QObject>
 #include <QSharedPointer>
 #include <QTimer>
+#include <QVector>
 
 #include <memory>
 
@@ -67,6 +69,9 @@ Q_SIGNALS:
     void stateChanged(HServer::State state);
     /// A request was delivered without success; @p failure says why.
     void requestFailed(const RequestFailure &failure, bool isLogin);
+    /// A reply brought messages along for the account that is logged in. Comes after the slots of the
+    /// request, so that a login has been applied.
+    void messagesReceived(const QVector<HMessage> &messages);
     /// The service asks for a new login.
     void sessionRefused();
 
@@ -82,6 +87,7 @@ private:
     void watchDeadline();
     void deliverFinished();
     void deliver(const ServerJob &job);
+    void tellMessages(const ServerJob &job, const QString &sessionBefore);
     void follow(const RequestFailure &failure, bool isLogin, bool sessionEnded);
 
     Core *const m_core;

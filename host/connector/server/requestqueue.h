@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <halvora/hmessage.h>
 #include <halvora/hrequest.h>
 #include <halvora/hserveraddress.h>
 
 #include <QDomDocument>
 #include <QSharedPointer>
+#include <QVector>
 
 #include <chrono>
 #include <condition_variable>
@@ -33,6 +35,7 @@ struct ServerJob {
     ServerSituation situation;
     QSharedPointer<HRequest> request;
     QDomDocument reply; ///< freed on the GUI thread, after the slots have run
+    QVector<HMessage> messages; ///< what the reply brought along
     RequestFailure failure;
     Clock::time_point deadline;
 };

@@ -3,6 +3,7 @@
 #include "serverworker.h"
 
 #include "envelope.h"
+#include "messages/messagereader.h"
 #include "nntp/brokenpipes.h"
 
 #include <halvora/core.h>
@@ -78,6 +79,7 @@ RequestFailure ServerWorker::exchange(ServerJob &job)
 
     QDomElement element;
     failure = Envelope::read(reply, job.reply, element);
+    job.messages = MessageReader::read(job.reply);
     if (failure.isNull())
         job.request->buildResponseInternal(element);
     return failure;

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QVector>
+
+class HMessage;
+class QDomDocument;
+
+/// Takes the messages that a reply brings along out of its document. Any thread.
+class MessageReader {
+public:
+    /// In the order of the document, as values that hold nothing of it. Left out are messages without a uid
+    /// or with one that could not be reported back. Where a date or a link can not be read there is none.
+    static QVector<HMessage> read(const QDomDocument &reply);
+};
