@@ -16,6 +16,11 @@ const char *const accounts = R"(
       <plan name="Pinegate &quot;Small&quot; &lt;1&gt;"/>
       <nntp max-connections="8" billing-bytes="5000000000" mtd-bytes="12" usage-updated-minutes-ago="5"/>
     </status>
+    <messages>
+      <message uid="fixed" date="0" read="true" deletable="false">Fixed &amp; &lt;old&gt;</message>
+      <message uid="aged" hours-ago="2" url="https://www.corvia.example/?a=1&amp;b=2">Aged</message>
+      <message uid="plain">Plain</message>
+    </messages>
   </account>
   <account user="bob" password="secret word">
     <servers><server host="news.corvia.example" port="119" ssl="false"/></servers>
@@ -99,6 +104,20 @@ std::string ServiceFixture::statusRequest(const std::string &session)
 std::string ServiceFixture::bookmarksRequest(const std::string &session)
 {
     return R"(<request version="1" session=")" + session + "\"><bookmarks/></request>";
+}
+
+std::string ServiceFixture::messageRequest(const std::string &session, const std::vector<std::string> &read,
+                                           const std::vector<std::string> &deleted)
+{
+    const auto list = [](const std::string &name, const std::vector<std::string> &uids) {
+        std::string text;
+        for (const std::string &uid : uids) {
+            text += "<message uid=\"" + uid + "\"/>";
+        }
+        return text.empty() ? text : "<" + name + ">" + text + "</" + name + ">";
+    };
+    return R"(<request version="1" session=")" + session + "\"><message>" + list("read", read) +
+           list("deleted", deleted) + "</message></request>";
 }
 
 std::string ServiceFixture::valueIn(const std::string &reply, const std::string &name)

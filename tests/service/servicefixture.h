@@ -7,9 +7,11 @@
 #include "httpsclient.h"
 
 #include <string>
+#include <vector>
 
 /// A running service with a small scenario: `ada` has a plan and bookmarks, `bob` has servers and a newer
-/// client of his own but no status, `eve` is suspended and `kim`'s sessions end at once. All passwords are
+/// client of his own but no status, `eve` is suspended and `kim`'s sessions end at once. `ada` has
+/// three messages, the first of which can not be deleted. All passwords are
 /// "secret word".
 class ServiceFixture {
 public:
@@ -33,6 +35,8 @@ public:
     static std::string loginRequest(const std::string &user, const std::string &password = "secret word");
     static std::string statusRequest(const std::string &session);
     static std::string bookmarksRequest(const std::string &session);
+    static std::string messageRequest(const std::string &session, const std::vector<std::string> &read,
+                                      const std::vector<std::string> &deleted);
     /// The value of the first attribute `name` in a reply.
     static std::string valueIn(const std::string &reply, const std::string &name);
 

@@ -50,11 +50,55 @@ private Q_SLOTS:
         QVERIFY(replies >= 6);
     }
 
-    void messagesMayHoldAnything()
+    void messagesMayFollowAnyReply_data()
     {
-        const corvia::XmlDocument document(
-            "<reply version='1'><success/><messages a='1'>x<y><z b='2'/></y></messages></reply>");
-        QCOMPARE(replies_.firstProblem(document), std::string());
+        QTest::addColumn<QString>("reply");
+        QTest::newRow("success") << "<success/>";
+        QTest::newRow("bookmarks") << "<bookmarks/>";
+        QTest::newRow("status") << "<status/>";
+        QTest::newRow("error") << "<error code='unavailable'>x</error>";
+    }
+
+    void messagesMayFollowAnyReply()
+    {
+        QFETCH(QString, reply);
+        for (const char *messages :
+             {"<messages/>", "<messages><message uid='a'/></messages>",
+              "<messages><message uid='a' date='-1' url='javascript:x' read='true' deletable='false'>"
+              "&lt;b&gt;</message><message uid=' b '/></messages>"}) {
+            const corvia::XmlDocument document("<reply version='1'>" + reply.toStdString() + messages +
+                                               "</reply>");
+            QCOMPARE(replies_.firstProblem(document), std::string());
+        }
+    }
+
+    void aRequestThatIsNotValidIsRefused_data()
+    {
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<bool>("valid");
+        const QString uid = "<message uid='a'/>";
+        QTest::newRow("nothing done") << "" << true;
+        QTest::newRow("read") << "<read>" + uid + "</read>" << true;
+        QTest::newRow("deleted") << "<deleted>" + uid + uid + "</deleted>" << true;
+        QTest::newRow("both") << "<read>" + uid + "</read><deleted>" + uid + "</deleted>" << true;
+        QTest::newRow("the other way round")
+            << "<deleted>" + uid + "</deleted><read>" + uid + "</read>" << false;
+        QTest::newRow("an empty list") << "<read/>" << false;
+        QTest::newRow("twice") << "<read>" + uid + "</read><read>" + uid + "</read>" << false;
+        QTest::newRow("no uid") << "<read><message/></read>" << false;
+        QTest::newRow("a blank uid") << "<read><message uid=' '/></read>" << false;
+        QTest::newRow("a long uid") << "<read><message uid='" + QString(256, 'u') + "'/></read>" << false;
+        QTest::newRow("outside") << uid << false;
+    }
+
+    void aRequestThatIsNotValidIsRefused()
+    {
+        QFETCH(QString, message);
+        QFETCH(bool, valid);
+        const corvia::XmlDocument document("<request version='1' session='s'><message>" +
+                                           message.toStdString() + "</message></request>");
+        QVERIFY(bool(document));
+        QCOMPARE(requests_.firstProblem(document).empty(), valid);
     }
 
     void aReplyThatIsNotValidIsRefused_data()
@@ -78,6 +122,16 @@ private Q_SLOTS:
         QTest::newRow("newsgroup in no folder")
             << "<reply version='1'><bookmarks><newsgroup>a.b</newsgroup></bookmarks></reply>";
         QTest::newRow("another version") << "<reply version='2'><success/></reply>";
+        const auto message = [](const char *attributes) {
+            return QString("<reply version='1'><success/><messages><message %1/></messages></reply>")
+                .arg(attributes);
+        };
+        QTest::newRow("message without a uid") << message("");
+        QTest::newRow("message with a blank uid") << message("uid='  '");
+        QTest::newRow("message of a day") << message("uid='a' date='2026-01-01'");
+        QTest::newRow("message half read") << message("uid='a' read='half'");
+        QTest::newRow("text among messages")
+            << "<reply version='1'><success/><messages>x</messages></reply>";
     }
 
     void aReplyThatIsNotValidIsRefused()

@@ -45,3 +45,4 @@ private:
 };
 
 Q_DECLARE_TYPEINFO(HMessage, Q_MOVABLE_TYPE);
+Q_DECLARE_METATYPE(HMessage)
