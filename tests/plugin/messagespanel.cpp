@@ -24,8 +24,15 @@ HMessage numberedMessage(int number, bool deletable, bool linked)
     return message;
 }
 
-MessagesPanel::MessagesPanel()
-    : m_window(std::make_unique<MainWindow>(&m_account.core()))
+std::string MessagesPanel::silentScenario()
+{
+    return R"(<?xml version="1.0" encoding="UTF-8"?>
+<scenario version="1"><account user="demo" password="pinegate"/></scenario>)";
+}
+
+MessagesPanel::MessagesPanel(const std::string &scenario)
+    : m_account(corvia::Options(), scenario)
+    , m_window(std::make_unique<MainWindow>(&m_account.core()))
     , m_dock(new CVMessagesToolWidget(&m_account.connector(), m_window.get()))
 {
     m_account.core().links().setOpener([this](const QUrl &url) {
@@ -33,6 +40,7 @@ MessagesPanel::MessagesPanel()
         return true;
     });
     m_account.core().setMainWindow(m_window.get());
+    messages().setAccount(QStringLiteral("demo"));
     m_window->addToolWidget(Qt::BottomDockWidgetArea, m_dock);
     m_window->resize(900, 700);
     m_window->show();

@@ -23,7 +23,8 @@ HMessage numberedMessage(int number, bool deletable = true, bool linked = true);
 /// opened but noted. One at a time.
 class MessagesPanel {
 public:
-    MessagesPanel();
+    /// The account has no messages of its own unless @p scenario gives it some.
+    explicit MessagesPanel(const std::string &scenario = silentScenario());
     ~MessagesPanel();
     Q_DISABLE_COPY(MessagesPanel)
 
@@ -58,6 +59,8 @@ public:
     void close();
 
 private:
+    static std::string silentScenario();
+
     ServiceAccount m_account;
     std::unique_ptr<MainWindow> m_window;
     CVMessagesToolWidget *m_dock; ///< the window's; null once it is closed

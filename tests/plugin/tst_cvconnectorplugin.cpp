@@ -3,12 +3,14 @@
 #include "loopbackaccount.h"
 
 #include "connector/cvconnectorplugin.h"
+#include "panels/cvmessagestoolwidget.h"
 #include "requests/cvcontext.h"
 
 #include <halvora/benchmark.h>
 #include <halvora/connector.h>
 #include <halvora/hautosearchservice.h>
 #include <halvora/hjobresulthandler.h>
+#include <halvora/hmessagemanager.h>
 #include <halvora/hnntpdistributor.h>
 #include <halvora/hserver.h>
 #include <halvora/mainwindow.h>
@@ -17,6 +19,7 @@
 #include <halvora/trafficmeter.h>
 
 #include <QAbstractEventDispatcher>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QDockWidget>
 #include <QLabel>
@@ -124,6 +127,7 @@ private Q_SLOTS:
     void oneStatusRequestMayFollowAnother();
     void aFailedStatusRequestShowsTheLoginPage();
     void anUpdateIsTold();
+    void thePanelsAreMadeInTheirOrder();
     void thePanelIsMadeWithTheStatistics();
     void ofTwoStatisticsThePanelTakesTheFirst();
     void withoutStatisticsThePanelHasNone();
@@ -530,6 +534,30 @@ void TestCVConnectorPlugin::anUpdateIsTold()
     const QStringList expected{QStringLiteral("9.9"), QStringLiteral("https://www.corvia.example/get"),
                                QStringLiteral("new")};
     QTRY_COMPARE(told, expected);
+}
+
+void TestCVConnectorPlugin::thePanelsAreMadeInTheirOrder()
+{
+    LoopbackAccount account;
+    CVConnectorPlugin plugin(&account.core());
+    MainWindow window(&account.core());
+    Benchmark benchmark;
+    plugin.init(benchmark);
+    plugin.polish(&window);
+    QStringList names;
+    const QList<QDockWidget *> docks =
+        window.findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QDockWidget *dock : docks)
+        names.append(dock->objectName());
+    const QStringList expected{QStringLiteral("CVBookmarksDock"), QStringLiteral("MessagesToolWidget"),
+                               QStringLiteral("InfoToolWidget")};
+    QCOMPARE(names.mid(names.size() - expected.size()), expected);
+
+    auto *messages = qobject_cast<CVMessagesToolWidget *>(docks.at(docks.size() - 2));
+    QVERIFY(messages);
+    QCOMPARE(window.dockWidgetArea(messages), Qt::BottomDockWidgetArea);
+    const auto *view = messages->findChild<QAbstractItemView *>();
+    QCOMPARE(view->model(), static_cast<QAbstractItemModel *>(plugin.connector()->messages()));
 }
 
 void TestCVConnectorPlugin::thePanelIsMadeWithTheStatistics()

@@ -21,6 +21,7 @@ class TestMessageReports : public QObject {
 private Q_SLOTS:
     void init();
     void cleanup();
+    void theServicesCopyFollows();
     void aMessageThatStaysOpenIsReported();
     void aMessageThatIsDeletedInTimeIsReportedAsDeletedOnly();
     void whatHappensDuringARequestLeavesTogetherAfterIt();
@@ -76,6 +77,27 @@ void TestMessageReports::read(int number)
     QVERIFY(row >= 0);
     m_panel->click(row);
     m_panel->endReadTime();
+}
+
+void TestMessageReports::theServicesCopyFollows()
+{
+    m_panel.reset();
+    m_panel = std::make_unique<MessagesPanel>(R"(<?xml version="1.0" encoding="UTF-8"?>
+<scenario version="1"><account user="demo" password="pinegate"><messages>
+<message uid="m2" hours-ago="30">two</message>
+<message uid="m1" hours-ago="20">one</message>
+<message uid="m0" hours-ago="10">nought</message>
+</messages></account></scenario>)");
+    QVERIFY(m_panel->account().logIn());
+    QTRY_COMPARE_WITH_TIMEOUT(m_panel->uids().size(), 3, 60'000);
+    read(2);
+    erase(1);
+    expect({QStringLiteral("read m2"), QStringLiteral("deleted m1")});
+    QStringList copy;
+    for (const corvia::Message &message : m_panel->account().service().messages("demo"))
+        copy.append(QString::fromStdString(message.uid) +
+                    (message.read ? QStringLiteral(" read") : QStringLiteral(" new")));
+    QCOMPARE(copy, QStringList({QStringLiteral("m2 read"), QStringLiteral("m0 new")}));
 }
 
 void TestMessageReports::aMessageThatStaysOpenIsReported()
