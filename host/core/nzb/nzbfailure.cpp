@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <halvora/nzbfailure.h>
 
-#include <QLocale>
-
 QString NzbFailure::sentence(const QString &name) const
 {
     switch (m_kind) {
@@ -30,9 +28,9 @@ QString NzbFailure::sentence(const QString &name) const
         return tr("%1 has declarations that no NZB file needs and that may do harm, so it was not read.")
             .arg(name);
     case Kind::Damaged:
-        return tr("%1 is damaged in line %2; download it again.").arg(name, QLocale().toString(m_line));
+        return tr("%1 is damaged in line %2; download it again.").arg(name, QString::number(m_line));
     case Kind::CutOff:
-        return tr("%1 breaks off in line %2; download it again.").arg(name, QLocale().toString(m_line));
+        return tr("%1 breaks off in line %2; download it again.").arg(name, QString::number(m_line));
     case Kind::TooMuch:
         return tr("%1 lists more than can be shown.").arg(name);
     case Kind::NoFiles:

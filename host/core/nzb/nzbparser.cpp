@@ -5,12 +5,14 @@
 #include "nzbprologue.h"
 
 #include <QRegularExpression>
+#include <QTextCodec>
 
 #include <utility>
 
 namespace {
 
 constexpr int longestPrologue = 64 * 1024; // bytes
+constexpr int longestDeclaration = 200;    // bytes
 constexpr int longestPiece = 1024 * 1024;  // bytes of one tag, comment or the like
 constexpr int deepest = 32;                // elements in each other
 constexpr int mostMeta = 100;
@@ -40,18 +42,22 @@ NzbParser::NzbParser()
 {
 }
 
+NzbParser::~NzbParser() = default;
+
 bool NzbParser::add(const QByteArray &bytes)
 {
-    if (m_isHarmless) {
-        m_reader.addData(bytes);
+    if (m_decoder) {
+        m_reader.addData(m_decoder->toUnicode(bytes));
         m_unfinished += bytes.size();
         return parse();
     }
     m_head += bytes;
     switch (nzbprologue::look(m_head)) {
     case nzbprologue::Verdict::Harmless:
-        m_isHarmless = true;
-        return add(std::exchange(m_head, {}));
+        if (chooseDecoder())
+            return add(std::exchange(m_head, {}));
+        fail(NzbFailure::Kind::NotNzb);
+        break;
     case nzbprologue::Verdict::Declares:
         fail(NzbFailure::Kind::Declares);
         break;
@@ -76,10 +82,6 @@ bool NzbParser::parse()
                 return true;
             fail(NzbFailure::Kind::Damaged);
             break;
-        case QXmlStreamReader::StartDocument:
-            if (!isEncodingKnown())
-                fail(NzbFailure::Kind::NotNzb);
-            break;
         case QXmlStreamReader::StartElement:
             startElement();
             break;
@@ -99,13 +101,25 @@ bool NzbParser::parse()
 }
 
 // The prologue was looked through as ASCII, so in no other encoding may it be read.
-bool NzbParser::isEncodingKnown() const
+bool NzbParser::chooseDecoder()
 {
-    static const QRegularExpression known(
-        QStringLiteral("^(utf-?8|(us-)?ascii|(iso-8859|windows|cp|koi8)-?[0-9a-z]+|gb2312|gbk|gb18030|big5|"
-                       "shift_jis|euc-(jp|kr))?$"),
+    const QRegularExpression declaration(
+        QStringLiteral("^\\s*<\\?xml\\s[^>]*\\bencoding\\s*=\\s*[\"']([^\"'>]*)[\"']"));
+    const QRegularExpression known(
+        QStringLiteral(
+            "^(utf-?8|(us-)?ascii|iso-8859-[0-9]+|(windows-|cp)125[0-9]|koi8-[ru]|gb2312|gbk|gb18030|big5|"
+            "shift_jis|euc-(jp|kr))$"),
         QRegularExpression::CaseInsensitiveOption);
-    return known.match(m_reader.documentEncoding().toString()).hasMatch();
+    const QString start = QString::fromUtf8(m_head.left(longestDeclaration));
+    const QString encoding = declaration.match(start).captured(1);
+    const QTextCodec *codec = nullptr;
+    if (encoding.isEmpty())
+        codec = QTextCodec::codecForName("UTF-8");
+    else if (known.match(encoding).hasMatch())
+        codec = QTextCodec::codecForName(encoding.toLatin1());
+    if (codec)
+        m_decoder.reset(codec->makeDecoder());
+    return codec;
 }
 
 // What is wrong before there is any element is hardly XML.

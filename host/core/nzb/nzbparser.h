@@ -9,12 +9,17 @@
 #include <QVector>
 #include <QXmlStreamReader>
 
+#include <memory>
+
+class QTextDecoder;
+
 /// Reads an NZB document as it comes in, piece by piece, and keeps only what is shown of it. Bounded in all
 /// that the document could make it keep. Any thread, one at a time.
 ///
 /// Elements count by their names, whatever their namespace is; unknown ones are skipped with all that is in
 /// them. What is missing or makes no sense stays unknown: a subject, a date, the size of a segment. What
-/// follows the end of the root element is not looked at.
+/// follows the end of the root element is not looked at. A byte that is wrong in the document's encoding
+/// costs a letter, not the document.
 class NzbParser {
 public:
     static constexpr int mostFiles = 100'000;
@@ -23,6 +28,8 @@ public:
     static constexpr int longestText = 1000;  ///< characters; what is longer is cut off
 
     NzbParser();
+    ~NzbParser();
+    Q_DISABLE_COPY(NzbParser)
 
     /// Takes more of the document; false when no more is needed, see finish().
     bool add(const QByteArray &bytes);
@@ -39,15 +46,15 @@ private:
     void endElement();
     void startFile();
     void startSegment();
-    bool isEncodingKnown() const;
+    bool chooseDecoder();
     void fail(NzbFailure::Kind kind);
     QString shared(const QString &text);
     static Place placeOf(Place parent, const QStringRef &name);
 
     QXmlStreamReader m_reader;
-    QByteArray m_head; ///< what was held back until the prologue is known
-    bool m_isHarmless = false;
-    int m_unfinished = 0; ///< bytes since the last whole piece of XML
+    QByteArray m_head;                       ///< what was held back until the prologue is known
+    std::unique_ptr<QTextDecoder> m_decoder; ///< once it is known
+    int m_unfinished = 0;                    ///< bytes since the last whole piece of XML
     bool m_isDone = false;
     NzbFailure m_failure;
     NzbFile m_file;
