@@ -6,14 +6,17 @@
 #include <utility>
 
 #include "accountreply.h"
+#include "detailsreply.h"
 #include "embedded.h"
 
 namespace corvia {
 
-AccountDesk::AccountDesk(AccountBook &book, int autoSearchInterval, std::vector<NewsServer> ownServers)
+AccountDesk::AccountDesk(AccountBook &book, int autoSearchInterval, std::vector<NewsServer> ownServers,
+                         std::vector<FileGroup> fileGroups)
     : book_(book)
     , autoSearchInterval_(autoSearchInterval)
     , ownServers_(std::move(ownServers))
+    , fileGroups_(std::move(fileGroups))
     , schema_(requestSchema())
 {
 }
@@ -58,6 +61,9 @@ std::string AccountDesk::answerInSession(const AccountRequest &request)
     if (!account) {
         return errorReply("session", "The session is unknown or has ended; please log in again.");
     }
+    if (request.name == "details") {
+        return answerDetails(request.fileGroup);
+    }
     // What the user has just deleted is not told any more.
     if (request.name == "message") {
         book_.applyMessageReport(request.session, request.readUids, request.deletedUids);
@@ -68,6 +74,16 @@ std::string AccountDesk::answerInSession(const AccountRequest &request)
     }
     return request.name == "bookmarks" ? bookmarksReply(account->bookmarks, messages)
                                        : statusReply(account->status, messages);
+}
+
+std::string AccountDesk::answerDetails(const std::string &fileGroup) const
+{
+    for (const FileGroup &group : fileGroups_) {
+        if (group.id == fileGroup) {
+            return detailsReply(group);
+        }
+    }
+    return errorReply("details", "The service does not know this group of files.");
 }
 
 } // namespace corvia

@@ -6,6 +6,7 @@
 #include "accountbook.h"
 #include "accountrequest.h"
 #include "fault.h"
+#include "filegroup.h"
 
 namespace corvia {
 
@@ -13,7 +14,8 @@ namespace corvia {
 class AccountDesk {
 public:
     /// `book` has to outlive the desk. `autoSearchInterval` is in seconds.
-    AccountDesk(AccountBook &book, int autoSearchInterval, std::vector<NewsServer> ownServers);
+    AccountDesk(AccountBook &book, int autoSearchInterval, std::vector<NewsServer> ownServers,
+                std::vector<FileGroup> fileGroups);
 
     AccountRequest read(const std::string &body) const;
     /// The reply to `request`. Heeds the faults that are about what is said, not about how it is sent.
@@ -22,10 +24,12 @@ public:
 private:
     std::string answerLogin(const AccountRequest &request);
     std::string answerInSession(const AccountRequest &request);
+    std::string answerDetails(const std::string &fileGroup) const;
 
     AccountBook &book_;
     const int autoSearchInterval_;
     const std::vector<NewsServer> ownServers_;
+    const std::vector<FileGroup> fileGroups_;
     const Schema schema_;
 };
 

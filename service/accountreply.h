@@ -12,7 +12,7 @@ namespace corvia {
 // The reply documents. All but the literal one are valid by the reply schema whatever the scenario says. The
 // messages follow the reply's own element; without any there is no element for them.
 
-/// `code` is credentials, session, request or unavailable; `sentence` is for people.
+/// `code` is credentials, session, request, details or unavailable; `sentence` is for people.
 std::string errorReply(const std::string &code, const std::string &sentence);
 
 /// `ownServers` are told when the account has no servers of its own. `autoSearchInterval` is in seconds.

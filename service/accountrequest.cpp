@@ -42,6 +42,7 @@ AccountRequest AccountRequest::read(const std::string &body, const Schema &schem
         request.password = textOfElement(elements.front(), "password");
         request.readUids = uidsIn(elements.front(), "read");
         request.deletedUids = uidsIn(elements.front(), "deleted");
+        request.fileGroup = XmlDocument::attributeOf(elements.front(), "filegroup").value_or("");
     }
     request.problem = schema.firstProblem(document);
     return request;

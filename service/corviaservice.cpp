@@ -48,7 +48,7 @@ void CorviaService::Parts::run()
 {
     const std::vector<NewsServer> ownServers = {{"localhost", newsTlsPort.port(), true},
                                                 {"localhost", newsPort.port(), false}};
-    desk = std::make_unique<AccountDesk>(*book, scenario.autoSearchInterval, ownServers);
+    desk = std::make_unique<AccountDesk>(*book, scenario.autoSearchInterval, ownServers, scenario.fileGroups);
     accountPort.run([this](int socket) { serveAccount(socket); });
     newsPort.run([this](int socket) { serveNews(socket, false); });
     newsTlsPort.run([this](int socket) { serveNews(socket, true); });

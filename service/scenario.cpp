@@ -3,6 +3,7 @@
 
 #include "scenario.h"
 
+#include "scenariofilegroup.h"
 #include "scenarionewsreader.h"
 #include "scenarionode.h"
 #include "xmldocument.h"
@@ -218,6 +219,7 @@ Scenario readRoot(const ScenarioNode &root)
     Scenario scenario;
     scenario.autoSearchInterval = static_cast<int>(root.number("auto-search-interval", 900));
     std::set<std::string> users;
+    std::set<std::string> fileGroups;
     for (const ScenarioNode &child : root.children()) {
         if (child.name() == "account") {
             scenario.accounts.push_back(readAccount(child));
@@ -226,6 +228,11 @@ Scenario readRoot(const ScenarioNode &root)
             }
         } else if (child.name() == "groups") {
             scenario.groups = readNewsgroups(child);
+        } else if (child.name() == "file-group") {
+            scenario.fileGroups.push_back(readFileGroup(child));
+            if (!fileGroups.insert(scenario.fileGroups.back().id).second) {
+                child.fail("there are two file groups \"" + scenario.fileGroups.back().id + "\"");
+            }
         } else if (child.name() == "fault") {
             scenario.fault = readFault(child);
         } else {

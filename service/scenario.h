@@ -5,6 +5,7 @@
 
 #include "account.h"
 #include "fault.h"
+#include "filegroup.h"
 #include "newsstore.h"
 
 #include <string>
@@ -17,6 +18,7 @@ struct Scenario {
     int autoSearchInterval = 900; ///< seconds
     std::vector<Account> accounts;
     std::vector<Newsgroup> groups;
+    std::vector<FileGroup> fileGroups; ///< No two with the same id.
     Fault fault;
 };
 
