@@ -5,8 +5,10 @@
 #include "detailsmodel.h"
 #include "detailstexts.h"
 
+#include <halvora/connector.h>
 #include <halvora/extendedtreeview.h>
-#include <halvora/hstorageid.h>
+#include <halvora/hdetailsrequest.h>
+#include <halvora/hserver.h>
 #include <halvora/nzbfailure.h>
 #include <halvora/nzbloader.h>
 #include <halvora/plaintooltip.h>
@@ -20,6 +22,8 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace {
 
@@ -49,6 +53,8 @@ DetailsDock::DetailsDock(Connector *connector, QWidget *parent)
     connect(m_loader, &NzbLoader::failed, this, [this](const NzbFailure &failure) {
         tell([failure, name = m_name] { return failure.sentence(name); });
     });
+    if (m_connector)
+        connect(m_connector->server(), &HServer::stateChanged, this, &DetailsDock::ask);
     tell([] { return tr("Open an NZB file to see what is in it."); });
     retranslate();
 }
@@ -127,18 +133,51 @@ void DetailsDock::showFile(const QString &path)
 void DetailsDock::showFileGroup(const HStorageId &id)
 {
     begin(DetailsTexts::fileName(id.toString()), QString());
-    tell([] { return tr("No account service is reachable."); });
+    if (!HDetailsRequest::isAcceptable(id))
+        return tell([name = m_name] { return tr("%1 can not be the name of a group of files.").arg(name); });
+    if (!m_connector)
+        return tell([] { return tr("Without a provider's plug-in there is nobody to ask for files."); });
+    m_awaited = id;
+    ask();
+    if (!m_request)
+        tell([name = m_name] { return tr("Log in to see what is in %1.").arg(name); });
 }
 
 void DetailsDock::begin(const QString &name, const QString &hint)
 {
     m_loader->cancel();
+    m_awaited = HStorageId();
+    m_request.reset();
     m_model->setEntries({});
     m_name = name;
     m_title->setToolTip(plainToolTip(hint));
     tell([name] { return tr("Reading %1…").arg(name); });
     show();
     raise();
+}
+
+void DetailsDock::ask()
+{
+    if (m_awaited.toString().isEmpty() || !m_connector->isLoginAvailable())
+        return;
+    m_request.reset(new HDetailsRequest(m_connector, std::exchange(m_awaited, HStorageId())));
+    connect(m_request.data(), &HRequest::requestFinished, this,
+            [this, request = m_request.data()] { takeAnswer(request); });
+    tell([name = m_name] { return tr("Reading %1…").arg(name); });
+    m_connector->server()->addRequestToQueue(m_request);
+}
+
+// Of a request that another one took the place of, nothing is wanted any more.
+void DetailsDock::takeAnswer(const HDetailsRequest *from)
+{
+    if (from != m_request.data())
+        return;
+    const QSharedPointer<HDetailsRequest> request = std::exchange(m_request, {});
+    if (request->isSuccessful())
+        return showContents(request->file());
+    tell([failure = request->failure(), name = m_name] {
+        return tr("%1 can not be shown: %2").arg(name, failure.sentence());
+    });
 }
 
 void DetailsDock::showContents(const NzbFile &file)

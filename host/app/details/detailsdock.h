@@ -3,14 +3,17 @@
 #pragma once
 
 #include <halvora/fancydockwidget.h>
+#include <halvora/hstorageid.h>
 #include <halvora/nzbfile.h>
+
+#include <QSharedPointer>
 
 #include <functional>
 
 class Connector;
 class DetailsModel;
 class ExtendedTreeView;
-class HStorageId;
+class HDetailsRequest;
 class NzbLoader;
 class QLabel;
 
@@ -26,7 +29,8 @@ public:
 
     /// Reads the file at @p path, which may be anything, without holding the program up.
     void showFile(const QString &path);
-    /// Asks the account service for the group of files, as soon as the account is logged in.
+    /// Asks the account service for the group of files that @p id names, which may be anything. Without a
+    /// login the panel says so and asks as soon as there is one.
     void showFileGroup(const HStorageId &id);
 
 protected:
@@ -39,6 +43,8 @@ private:
     void build();
     void buildView();
     void begin(const QString &name, const QString &hint);
+    void ask();
+    void takeAnswer(const HDetailsRequest *from);
     void showContents(const NzbFile &file);
     void tell(const Sentence &sentence);
     void arrangeColumns();
@@ -52,7 +58,9 @@ private:
     QLabel *m_summary;
     QLabel *m_message;
     ExtendedTreeView *m_view;
-    QString m_name; ///< of what is shown or could not be shown; one line
+    HStorageId m_awaited;                      ///< to be asked for at the next login; empty for nothing
+    QSharedPointer<HDetailsRequest> m_request; ///< whose answer is waited for
+    QString m_name;                            ///< of what is shown or could not be shown; one line
     NzbFile::Totals m_totals;
     Sentence
         m_sentence; ///< what is told instead of the contents, in the language of the moment; may be empty
