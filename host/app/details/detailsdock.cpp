@@ -133,10 +133,14 @@ void DetailsDock::showFile(const QString &path)
 void DetailsDock::showFileGroup(const HStorageId &id)
 {
     begin(DetailsTexts::fileName(id.toString()), QString());
+    if (m_name.isEmpty())
+        return tell([] { return tr("The link names no group of files."); });
     if (!HDetailsRequest::isAcceptable(id))
         return tell([name = m_name] { return tr("%1 can not be the name of a group of files.").arg(name); });
     if (!m_connector)
-        return tell([] { return tr("Without a provider's plug-in there is nobody to ask for files."); });
+        return tell([name = m_name] {
+            return tr("No provider plug-in is loaded that could be asked for %1.").arg(name);
+        });
     m_awaited = id;
     ask();
     if (!m_request)
