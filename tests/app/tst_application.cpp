@@ -56,7 +56,6 @@ private Q_SLOTS:
     void withoutPluginsTheWindowSaysSo();
     void whatCouldNotBeLoadedIsStillToldAfterTheLogin();
     void aSecondProviderIsLeftOut();
-    void aLinkIsNotPassedOverInSilence();
     void aLoginRightAfterALogoutIsMade();
     void aRetryWaitsForThePersonWhoTypes();
     void aRememberedUserCanBeForgottenWithoutALogin();
@@ -377,18 +376,6 @@ void TestApplication::aSecondProviderIsLeftOut()
     QCOMPARE(program.window().findChildren<QDockWidget *>(QStringLiteral("InfoToolWidget")).size(), 1);
     QCOMPARE(program.application().connectorPlugin()->configName(), QStringLiteral("one"));
     program.close();
-}
-
-void TestApplication::aLinkIsNotPassedOverInSilence()
-{
-    const QTemporaryDir profile;
-    Options options;
-    options.profile = profile.path();
-    options.pluginDirectory = QStringLiteral(PLUGIN_DIRECTORY);
-    options.link = QStringLiteral("pinegate://details?filegroup=abc");
-    Application application(options);
-    application.start();
-    QVERIFY(statusBarSays(*application.window(), QStringLiteral("can not open links")));
 }
 
 void TestApplication::aLoginRightAfterALogoutIsMade()

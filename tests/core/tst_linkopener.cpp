@@ -21,7 +21,8 @@ void TestLinkOpener::onlyWebPagesAreOpened_data()
     QTest::addColumn<QString>("link");
     QTest::addColumn<bool>("opened");
     const auto row = [](const char *link, bool opened) {
-        QTest::newRow(*link ? link : "empty") << QString::fromUtf8(link) << opened;
+        const QByteArray name = QUrl::toPercentEncoding(QString::fromUtf8(link), ":/?#@%\\ ");
+        QTest::newRow(name.isEmpty() ? "empty" : name.constData()) << QString::fromUtf8(link) << opened;
     };
     row("https://www.corvia.example/", true);
     row("http://www.corvia.example/a?b=c#d", true);

@@ -59,7 +59,7 @@ OutsideLink OutsideLink::localFile(const QString &path)
 
 OutsideLink OutsideLink::parse(const QString &text, const QString &ownScheme)
 {
-    if (text.size() > longest || hasControlCharacters(text))
+    if (text.toUtf8().size() > longest || hasControlCharacters(text))
         return refused(tr("The link was not opened, because it is damaged."));
     if (!hasScheme(text))
         return localFile(text);
@@ -67,7 +67,7 @@ OutsideLink OutsideLink::parse(const QString &text, const QString &ownScheme)
     if (!ownScheme.isEmpty() && url.scheme() == ownScheme.toLower())
         return parseOwn(url);
     if (url.isLocalFile() && isLocal(url))
-        return localFile(url.toLocalFile());
+        return localFile(url.path(QUrl::FullyDecoded));
     return refused(tr("The link was not opened, because it leads neither to a group of files nor to a file "
                       "on this computer."));
 }

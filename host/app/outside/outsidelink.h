@@ -15,7 +15,7 @@ class OutsideLink {
     Q_DECLARE_TR_FUNCTIONS(OutsideLink)
 public:
     enum Kind { Refused, FileGroup, File };
-    static constexpr int longest = 4096; ///< characters of a link or of a file's name, as systems bound paths
+    static constexpr int longest = 4096; ///< bytes of a link or of a path, which systems bound alike
 
     /// @p text is a link or an absolute path; @p ownScheme is the provider's, empty for none.
     static OutsideLink parse(const QString &text, const QString &ownScheme);
