@@ -115,15 +115,15 @@ int main(int argc, char **argv)
         refuse(instance.refusal(), options);
         return EXIT_FAILURE;
     }
-    // Before the application: whoever calls in the meantime is heard once it runs.
+    Application application(options);
+    application.start();
+    // Gone before the profile is free again, so that nobody else's socket is taken away.
     InstanceServer server;
+    QObject::connect(&server, &InstanceServer::called, &application, &Application::answerCall);
     // A picture is of what one run does by itself.
     if (options.screenshot.isEmpty() && !server.listen(InstanceServer::socketPath(folder)))
         qWarning("Later starts of the program can not reach this one: %s",
                  qUtf8Printable(server.errorString()));
-    Application application(options);
-    application.start();
-    QObject::connect(&server, &InstanceServer::called, &application, &Application::answerCall);
     const int exitCode = QApplication::exec();
     application.shutDown(exitCode);
     return exitCode;

@@ -118,6 +118,7 @@ void TestMainWindow::everyEntryAsksByItsSignal_data()
 {
     QTest::addColumn<QString>("entry");
     QTest::addColumn<QByteArray>("signal");
+    QTest::newRow("open") << QStringLiteral("halvora.open") << QByteArray(SIGNAL(fileRequested()));
     QTest::newRow("login") << QStringLiteral("halvora.login") << QByteArray(SIGNAL(loginRequested()));
     QTest::newRow("logout") << QStringLiteral("halvora.logout") << QByteArray(SIGNAL(logoutRequested()));
     QTest::newRow("settings") << QStringLiteral("halvora.settings")
@@ -152,6 +153,7 @@ void TestMainWindow::quitAndSettingsHaveShortcuts()
 {
     QVERIFY(part<QAction>("halvora.quit")->shortcuts().contains(QKeySequence(Qt::CTRL | Qt::Key_Q)));
     QVERIFY(!part<QAction>("halvora.settings")->shortcut().isEmpty());
+    QVERIFY(part<QAction>("halvora.open")->shortcuts().contains(QKeySequence(Qt::CTRL | Qt::Key_O)));
 }
 
 void TestMainWindow::theAccountEntriesFollowTheState()
