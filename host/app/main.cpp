@@ -81,6 +81,22 @@ SingleInstance::Outcome startInstance(SingleInstance &instance, const Options &o
     return instance.takeOrHandOver(OutsideLink::absolute(options.link), patience);
 }
 
+int run(const Options &options, const QString &folder)
+{
+    Application application(options);
+    application.start();
+    // Gone before the profile is free again, so that nobody else's socket is taken away.
+    InstanceServer server;
+    QObject::connect(&server, &InstanceServer::called, &application, &Application::answerCall);
+    // A picture is of what one run does by itself.
+    if (options.screenshot.isEmpty() && !server.listen(InstanceServer::socketPath(folder)))
+        qWarning("Later starts of the program can not reach this one: %s",
+                 qUtf8Printable(server.errorString()));
+    const int exitCode = QApplication::exec();
+    application.shutDown(exitCode);
+    return exitCode;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -115,16 +131,5 @@ int main(int argc, char **argv)
         refuse(instance.refusal(), options);
         return EXIT_FAILURE;
     }
-    Application application(options);
-    application.start();
-    // Gone before the profile is free again, so that nobody else's socket is taken away.
-    InstanceServer server;
-    QObject::connect(&server, &InstanceServer::called, &application, &Application::answerCall);
-    // A picture is of what one run does by itself.
-    if (options.screenshot.isEmpty() && !server.listen(InstanceServer::socketPath(folder)))
-        qWarning("Later starts of the program can not reach this one: %s",
-                 qUtf8Printable(server.errorString()));
-    const int exitCode = QApplication::exec();
-    application.shutDown(exitCode);
-    return exitCode;
+    return run(options, folder);
 }

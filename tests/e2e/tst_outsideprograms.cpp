@@ -54,6 +54,7 @@ void TestOutsidePrograms::init()
     QVERIFY(QDir::setCurrent(m_folder->path()));
     start(*m_first, profile());
     QVERIFY(waitFor(QStringLiteral("ready")));
+    QTRY_VERIFY_WITH_TIMEOUT(!socket().isEmpty(), twoMinutes);
 }
 
 void TestOutsidePrograms::cleanup()
