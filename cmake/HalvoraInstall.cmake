@@ -11,8 +11,10 @@ endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-# Relative to the prefix. Plug-ins that are built against the SDK learn these names from it.
-set(HALVORA_PLUGIN_DIR ${CMAKE_INSTALL_LIBDIR}/halvora/plugins)
+# Relative to the prefix. Plug-ins that are built against the SDK learn these names from it. The libraries stand in a
+# folder of their own: they are for this program and its plug-ins, and the system's linker need not look at them.
+set(HALVORA_LIBRARY_DIR ${CMAKE_INSTALL_LIBDIR}/halvora)
+set(HALVORA_PLUGIN_DIR ${HALVORA_LIBRARY_DIR}/plugins)
 set(HALVORA_TRANSLATION_DIR ${CMAKE_INSTALL_DATADIR}/halvora/translations)
 set(HALVORA_SDK_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/HalvoraSdk)
 
@@ -27,7 +29,7 @@ function(halvora_install_library target)
     # The libraries find each other wherever the prefix is moved to.
     set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
     install(TARGETS ${target} EXPORT HalvoraSdkTargets INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development
+            LIBRARY DESTINATION ${HALVORA_LIBRARY_DIR} COMPONENT Runtime NAMELINK_COMPONENT Development
             PUBLIC_HEADER DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/halvora COMPONENT Development)
 endfunction()
 
