@@ -16,6 +16,8 @@ private Q_SLOTS:
     void aNameStaysOnItsLine();
     void typesAreReadFromTheRightGroup();
     void aHiddenEntryOffersNothing();
+    void aProgramIsFoundAgainInItsEntry_data();
+    void aProgramIsFoundAgainInItsEntry();
 
 private:
     QByteArray validated(const QByteArray &entry);
@@ -122,6 +124,27 @@ void DesktopEntryTest::aHiddenEntryOffersNothing()
 {
     const QString file = write("[Desktop Entry]\nMimeType=b/b;\nHidden=true\n");
     QCOMPARE(DesktopEntry::mimeTypes(file), QStringList());
+}
+
+void DesktopEntryTest::aProgramIsFoundAgainInItsEntry_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name :
+         {"plain", "a blank", "$a`b", "a\"b", "a\\b", "100%", "a%%b", "a\nb", "a\tb", "hä"})
+        QTest::newRow(name) << QString::fromUtf8(name);
+}
+
+void DesktopEntryTest::aProgramIsFoundAgainInItsEntry()
+{
+    QFETCH(QString, name);
+    const QString program = m_folder.filePath(name);
+    const QString entry = write(composed(QStringLiteral("Demo"), program));
+    QVERIFY(DesktopEntry::startsWhatIsGone(entry));
+    QFile file(program);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(DesktopEntry::startsWhatIsGone(entry)); // nobody can start it
+    QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QVERIFY(!DesktopEntry::startsWhatIsGone(entry));
 }
 
 QTEST_GUILESS_MAIN(DesktopEntryTest)

@@ -42,6 +42,10 @@ private Q_SLOTS:
     void theInstalledEntryAnswersForTheSystem();
     void theUsersEntryIsNoneOfTheSystem();
     void theUsersEntryOffersWhatItHides();
+    void anEntryThatLeadsNowhereDoesNotHideTheInstalledOne();
+    void anEntryOfTheUsersOwnStaysBesideTheInstalledOne_data();
+    void anEntryOfTheUsersOwnStaysBesideTheInstalledOne();
+    void anEntryThatLeadsNowhereIsMendedWhereNothingIsInstalled();
     void aRelativeFolderInTheEnvironmentIsNone();
 
 private:
@@ -49,6 +53,10 @@ private:
     QString entryFile() const
     {
         return path(QStringLiteral("data/applications/org.halvora.Halvora.desktop"));
+    }
+    QString installedEntryFile() const
+    {
+        return path(QStringLiteral("system/applications/org.halvora.Halvora.desktop"));
     }
     QString packageFile() const { return path(QStringLiteral("data/mime/packages/org.halvora.Halvora.xml")); }
     QString listFile() const { return path(QStringLiteral("config/mimeapps.list")); }
@@ -97,6 +105,11 @@ const QString &schemeType()
 {
     static const QString type = QStringLiteral("x-scheme-handler/pinegate");
     return type;
+}
+
+QByteArray installedEntry()
+{
+    return "[Desktop Entry]\nExec=halvora %u\nMimeType=application/x-nzb;x-scheme-handler/pinegate;\n";
 }
 
 QList<FileType> nzb()
@@ -545,6 +558,52 @@ void PlatformManagerTest::theUsersEntryOffersWhatItHides()
     QVERIFY(registerScheme());
     QCOMPARE(mimeTypeLine(read(entryFile())),
              QByteArray("MimeType=application/x-nzb;x-scheme-handler/pinegate;"));
+}
+
+void PlatformManagerTest::anEntryThatLeadsNowhereDoesNotHideTheInstalledOne()
+{
+    write(installedEntryFile(), installedEntry());
+    write(entryFile(), "[Desktop Entry]\nExec=/gone/halvora %u\n");
+    const QMap<QString, QDateTime> before = files();
+    PlatformManager platform;
+    QVERIFY(!platform.registerProtocolForSystem(QStringLiteral("pinegate"), QStringLiteral("Corvia")));
+    QVERIFY(!platform.registerFileTypesForSystem(QStringLiteral("A"), QStringLiteral("B"), nzb()));
+    QCOMPARE(files(), before);
+
+    QVERIFY(registerScheme());
+    QVERIFY(!QFileInfo::exists(entryFile()));
+    QVERIFY(platform.registerProtocolForSystem(QStringLiteral("pinegate"), QStringLiteral("Corvia")));
+    QVERIFY(platform.registerFileTypesForSystem(QStringLiteral("A"), QStringLiteral("B"), nzb()));
+}
+
+void PlatformManagerTest::anEntryOfTheUsersOwnStaysBesideTheInstalledOne_data()
+{
+    QTest::addColumn<QByteArray>("entry");
+    QTest::newRow("of a program that is there") << QByteArray("[Desktop Entry]\nExec=/bin/sh %u\n");
+    QTest::newRow("of a name") << QByteArray("[Desktop Entry]\nExec=halvora %u\n");
+    QTest::newRow("of no program") << QByteArray("[Desktop Entry]\nDBusActivatable=true\n");
+    QTest::newRow("of another group") << QByteArray("[Desktop Action a]\nExec=/gone/halvora\n");
+    QTest::newRow("empty") << QByteArray();
+}
+
+void PlatformManagerTest::anEntryOfTheUsersOwnStaysBesideTheInstalledOne()
+{
+    QFETCH(QByteArray, entry);
+    write(installedEntryFile(), installedEntry());
+    write(entryFile(), entry);
+    PlatformManager platform;
+    QVERIFY(platform.registerProtocolForSystem(QStringLiteral("pinegate"), QStringLiteral("Corvia")));
+    QVERIFY(platform.registerFileTypesForSystem(QStringLiteral("A"), QStringLiteral("B"), nzb()));
+    QCOMPARE(read(entryFile()), entry);
+}
+
+void PlatformManagerTest::anEntryThatLeadsNowhereIsMendedWhereNothingIsInstalled()
+{
+    write(entryFile(), "[Desktop Entry]\nExec=/gone/halvora %u\nMimeType=application/x-nzb;\n");
+    QVERIFY(registerScheme());
+    const QByteArray entry = read(entryFile());
+    QVERIFY(entry.contains("\nExec=" + QCoreApplication::applicationFilePath().toUtf8() + " %u\n"));
+    QCOMPARE(mimeTypeLine(entry), QByteArray("MimeType=application/x-nzb;x-scheme-handler/pinegate;"));
 }
 
 void PlatformManagerTest::aRelativeFolderInTheEnvironmentIsNone()

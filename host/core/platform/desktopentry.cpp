@@ -4,6 +4,7 @@
 
 #include "fileupdate.h"
 
+#include <QFileInfo>
 #include <QList>
 
 #include <algorithm>
@@ -24,6 +25,22 @@ QByteArray entryValue(const QByteArray &file, const QByteArray &key)
             return text.mid(equals + 1).trimmed();
     }
     return {};
+}
+
+/// What a value stands for: the inverse of DesktopEntry::escaped.
+QString unescaped(const QString &value)
+{
+    QString text;
+    for (int i = 0; i < value.size(); ++i) {
+        if (value.at(i) != QLatin1Char('\\') || i + 1 == value.size()) {
+            text += value.at(i);
+            continue;
+        }
+        const QChar next = value.at(++i);
+        const int known = QStringLiteral("sntr").indexOf(next);
+        text += known < 0 ? next : QStringLiteral(" \n\t\r").at(known);
+    }
+    return text;
 }
 
 } // namespace
@@ -51,6 +68,15 @@ QStringList DesktopEntry::mimeTypes(const QString &file)
             types.append(type);
     }
     return types;
+}
+
+bool DesktopEntry::startsWhatIsGone(const QString &file)
+{
+    QByteArray bytes;
+    if (!FileUpdate::read(file, &bytes))
+        return false;
+    const QString program = firstArgument(unescaped(QString::fromUtf8(entryValue(bytes, "Exec"))));
+    return QFileInfo(program).isAbsolute() && !QFileInfo(program).isExecutable();
 }
 
 QByteArray DesktopEntry::compose(const QString &title, const QString &program, const QStringList &mimeTypes)
@@ -97,6 +123,20 @@ QString DesktopEntry::escaped(const QString &text)
     value.replace(QLatin1Char('\r'), QLatin1String("\\r"));
     value.replace(QLatin1Char('\t'), QLatin1String("\\t"));
     return value;
+}
+
+QString DesktopEntry::firstArgument(const QString &command)
+{
+    QString argument;
+    const bool quoted = command.startsWith(QLatin1Char('"'));
+    for (int i = quoted ? 1 : 0; i < command.size(); ++i) {
+        if (command.at(i) == (quoted ? QLatin1Char('"') : QLatin1Char(' ')))
+            break;
+        if (quoted && command.at(i) == QLatin1Char('\\') && i + 1 < command.size())
+            ++i;
+        argument += command.at(i);
+    }
+    return argument.replace(QLatin1String("%%"), QLatin1String("%"));
 }
 
 QString DesktopEntry::quotedArgument(const QString &text)

@@ -18,12 +18,16 @@ public:
 
     /// The types that the entry in @p file offers; none when there is no such file or it is hidden.
     static QStringList mimeTypes(const QString &file);
+    /// Whether the entry in @p file starts a program by its path, and there is none. What is found by a name
+    /// or by other means is somebody else's decision and never counts as gone.
+    static bool startsWhatIsGone(const QString &file);
     /// The bytes of an entry that starts @p program with one link or file.
     static QByteArray compose(const QString &title, const QString &program, const QStringList &mimeTypes);
     /// @p text on one line, without characters that a text file cannot hold.
     static QString singleLine(const QString &text);
 
 private:
+    static QString firstArgument(const QString &command);
     static QString escaped(const QString &text);
     static QString quotedArgument(const QString &text);
 };

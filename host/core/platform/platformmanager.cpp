@@ -74,6 +74,35 @@ QStringList offered(const QStringList &more)
     return types;
 }
 
+/// Whether the entry that was installed for all users offers all of @p mimeTypes.
+bool isInstalledFor(const QStringList &mimeTypes)
+{
+    if (mimeTypes.isEmpty())
+        return false;
+    const QStringList folders = XdgPaths::systemData();
+    for (const QString &folder : folders) {
+        const QString file = DesktopEntry::path(folder);
+        if (!QFile::exists(file))
+            continue;
+        // An entry hides those of the same name in less important folders, whatever it offers.
+        const QStringList types = DesktopEntry::mimeTypes(file);
+        return std::all_of(mimeTypes.begin(), mimeTypes.end(),
+                           [&types](const QString &type) { return types.contains(type); });
+    }
+    return false;
+}
+
+/// Makes the user's entry offer @p mimeTypes, or takes it away where the installed one does and the user's
+/// own leads nowhere: it was written by a program that has been moved or removed since.
+FileUpdate::Result bringEntryUpToDate(const QString &title, const QStringList &mimeTypes)
+{
+    const QString own = DesktopEntry::path(XdgPaths::dataHome());
+    if (isInstalledFor(mimeTypes) && DesktopEntry::startsWhatIsGone(own))
+        return QFile::remove(own) ? FileUpdate::Result::Written : FileUpdate::Result::Failed;
+    return FileUpdate::write(
+        own, DesktopEntry::compose(title, QCoreApplication::applicationFilePath(), offered(mimeTypes)));
+}
+
 } // namespace
 
 PlatformManager::PlatformManager() = default;
@@ -115,32 +144,19 @@ bool PlatformManager::registerFileTypesForUser(const QString &description, const
 
 bool PlatformManager::offersForSystem(const QStringList &mimeTypes)
 {
-    if (mimeTypes.isEmpty())
-        return false;
-    const QStringList folders = XdgPaths::systemData();
-    for (const QString &folder : folders) {
-        const QString file = DesktopEntry::path(folder);
-        if (!QFile::exists(file))
-            continue;
-        // An entry hides those of the same name in less important folders, whatever it offers.
-        const QStringList types = DesktopEntry::mimeTypes(file);
-        return std::all_of(mimeTypes.begin(), mimeTypes.end(),
-                           [&types](const QString &type) { return types.contains(type); });
-    }
-    return false;
+    return isInstalledFor(mimeTypes) &&
+           !DesktopEntry::startsWhatIsGone(DesktopEntry::path(XdgPaths::dataHome()));
 }
 
 bool PlatformManager::registerForUser(const QString &title, const QStringList &mimeTypes, bool packageReady)
 {
     if (mimeTypes.isEmpty())
         return false;
-    const QString dataHome = XdgPaths::dataHome();
-    const QByteArray entry =
-        DesktopEntry::compose(title, QCoreApplication::applicationFilePath(), offered(mimeTypes));
-    const auto result = FileUpdate::write(DesktopEntry::path(dataHome), entry);
+    const FileUpdate::Result result = bringEntryUpToDate(title, mimeTypes);
     if (result == FileUpdate::Result::Failed)
         return false; // a default must not name an entry that is not there
     if (result == FileUpdate::Result::Written)
-        refresh(QStringLiteral("update-desktop-database"), dataHome + QStringLiteral("/applications"));
+        refresh(QStringLiteral("update-desktop-database"),
+                XdgPaths::dataHome() + QStringLiteral("/applications"));
     return MimeDefaults::claim(mimeTypes, DesktopEntry::id()) && packageReady;
 }

@@ -19,15 +19,16 @@ public:
     Q_DISABLE_COPY(PlatformManager)
 
     /// Whether the desktop entry that was installed for all users offers links of @p scheme (RFC 3986,
-    /// section 3.1). Writes nothing.
+    /// section 3.1). False also when an entry of the user's own hides it whose program is gone. Writes
+    /// nothing.
     virtual bool registerProtocolForSystem(const QString &scheme, const QString &title);
     /// Offers this program to the user as @p title for links of @p scheme, and makes it the default where the
-    /// user has none. True when it is the default afterwards; false when the user's own choice stands, the
-    /// scheme is none, or a file could not be written.
+    /// user has none. An entry that hides the installed one and whose program is gone is taken away. True
+    /// when it is the default afterwards; false when the user's own choice stands, the scheme is none, or a
+    /// file could not be written.
     virtual bool registerProtocolForUser(const QString &scheme, const QString &title);
 
-    /// Whether the desktop entry that was installed for all users offers every one of @p types. Writes
-    /// nothing.
+    /// The same as registerProtocolForSystem for every one of @p types. Writes nothing.
     virtual bool registerFileTypesForSystem(const QString &description, const QString &title,
                                             const QList<FileType> &types);
     /// The same as registerProtocolForUser for files; also makes the types known, with @p description as what
