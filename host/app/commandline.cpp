@@ -73,7 +73,8 @@ CommandLine::Result CommandLine::parse(const QStringList &arguments, Options &op
     };
     if (!parsed)
         return misused(parser.errorText());
-    if (parser.isSet(help)) {
+    // Qt offers the second one along with the first.
+    if (parser.isSet(help) || parser.isSet(QStringLiteral("help-all"))) {
         text = parser.helpText();
         return Done;
     }

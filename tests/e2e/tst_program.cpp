@@ -118,6 +118,8 @@ void TestProgram::helpAndVersionNeedNoDisplay_data()
     QTest::addColumn<QString>("option");
     QTest::addColumn<QString>("said");
     QTest::newRow("help") << QStringLiteral("--help") << QStringLiteral("--account-service");
+    QTest::newRow("help with what Qt adds")
+        << QStringLiteral("--help-all") << QStringLiteral("--account-service");
     QTest::newRow("version") << QStringLiteral("--version") << QStringLiteral("Halvora ");
 }
 
