@@ -253,6 +253,13 @@
     </message>
 </context>
 <context>
+    <name>DesktopNotifier</name>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+</context>
+<context>
     <name>DockTitleBar</name>
     <message>
         <source>Dock %1</source>
