@@ -307,6 +307,10 @@
         <source>not yet known</source>
         <translation>noch nicht bekannt</translation>
     </message>
+    <message>
+        <source>Show a desktop &amp;notification for new messages</source>
+        <translation>Bei neuen Nachrichten auf dem &amp;Bildschirm benachrichtigen</translation>
+    </message>
 </context>
 <context>
     <name>HAboutDialog</name>
@@ -575,6 +579,16 @@ Erstellt mit Qt %5. Veröffentlicht unter der MIT-Lizenz.</translation>
     <message>
         <source>About &amp;Qt</source>
         <translation>Über &amp;Qt</translation>
+    </message>
+</context>
+<context>
+    <name>MessageNotifier</name>
+    <message numerus="yes">
+        <source>%Ln new messages</source>
+        <translation>
+            <numerusform>Neue Nachricht</numerusform>
+            <numerusform>%Ln neue Nachrichten</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -46,6 +46,16 @@
     </message>
 </context>
 <context>
+    <name>MessageNotifier</name>
+    <message numerus="yes">
+        <source>%Ln new messages</source>
+        <translation>
+            <numerusform>New message</numerusform>
+            <numerusform>%Ln new messages</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>StringFormat</name>
     <message numerus="yes">
         <source>%1 byte</source>

@@ -4,6 +4,7 @@
 
 #include "detailsdock.h"
 #include "logincontroller.h"
+#include "notification/messagenotifier.h"
 #include "outsidelink.h"
 #include "passwordpipe.h"
 #include "picture.h"
@@ -48,6 +49,8 @@ void Application::connectWindow()
     HServer *server = m_provider->connectorPlugin()->connector()->server();
     connect(server, &HServer::stateChanged, this, &Application::showState);
     showState(server->connectorState());
+    new MessageNotifier(m_core->settings(), m_provider->connectorPlugin()->connector()->messages(),
+                        m_window.get(), m_window.get());
 }
 
 // It is wide, so it shares the place of another panel. Nobody sees it before there is something in it.

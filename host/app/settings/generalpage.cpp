@@ -2,12 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "generalpage.h"
 
+#include "notification/messagenotifier.h"
+
 #include <halvora/connector.h>
 #include <halvora/connectorplugin.h>
+#include <halvora/core.h>
 #include <halvora/hautosearchservice.h>
 #include <halvora/hnntpdistributor.h>
 #include <halvora/localemanager.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
 #include <QFormLayout>
@@ -26,9 +30,10 @@ QString english()
 
 } // namespace
 
-GeneralPage::GeneralPage(LocaleManager *locale, ConnectorPlugin *plugin, QWidget *parent)
+GeneralPage::GeneralPage(Core *core, ConnectorPlugin *plugin, QWidget *parent)
     : QWidget(parent)
-    , m_locale(locale)
+    , m_core(core)
+    , m_locale(core->locale())
     , m_plugin(plugin)
     , m_languageCaption(new QLabel(this))
     , m_language(new QComboBox(this))
@@ -37,9 +42,11 @@ GeneralPage::GeneralPage(LocaleManager *locale, ConnectorPlugin *plugin, QWidget
     , m_connectionsNote(new QLabel(this))
     , m_searchCaption(new QLabel(this))
     , m_search(new QLabel(this))
+    , m_notifications(new QCheckBox(this))
 {
     m_language->setObjectName(QStringLiteral("language"));
     m_connections->setObjectName(QStringLiteral("connections"));
+    m_notifications->setObjectName(QStringLiteral("notifications"));
     fillLanguages();
     build();
     retranslate();
@@ -59,9 +66,12 @@ void GeneralPage::build()
         form->addRow(m_connectionsCaption, m_connections);
         form->addRow(QString(), m_connectionsNote);
         form->addRow(m_searchCaption, m_search);
+        m_notifications->setChecked(MessageNotifier::isWanted(m_core->settings()));
+        form->addRow(m_notifications);
     } else {
-        for (QWidget *widget : std::initializer_list<QWidget *>{m_connectionsCaption, m_connections,
-                                                                m_connectionsNote, m_searchCaption, m_search})
+        for (QWidget *widget :
+             std::initializer_list<QWidget *>{m_connectionsCaption, m_connections, m_connectionsNote,
+                                              m_searchCaption, m_search, m_notifications})
             widget->hide();
     }
 }
@@ -80,8 +90,10 @@ void GeneralPage::fillLanguages()
 
 void GeneralPage::save()
 {
-    if (m_plugin)
+    if (m_plugin) {
         m_plugin->connector()->distributor()->setWantedConnections(m_connections->value());
+        MessageNotifier::setWanted(m_core->settings(), m_notifications->isChecked());
+    }
     const QString language = m_language->currentData().toString();
     if (language != m_locale->currentLanguage())
         m_locale->setLanguage(language);
@@ -93,6 +105,8 @@ void GeneralPage::reset()
         HNntpDistributor *distributor = m_plugin->connector()->distributor();
         distributor->resetWantedConnections();
         m_connections->setValue(distributor->wantedConnections());
+        MessageNotifier::reset(m_core->settings());
+        m_notifications->setChecked(MessageNotifier::isWanted(m_core->settings()));
     }
     m_locale->reset();
     m_language->setCurrentIndex(m_language->findData(m_locale->currentLanguage()));
@@ -110,6 +124,7 @@ void GeneralPage::retranslate()
     m_languageCaption->setText(tr("&Language:"));
     m_connectionsCaption->setText(tr("&Connections:"));
     m_searchCaption->setText(tr("Automatic search:"));
+    m_notifications->setText(tr("Show a desktop &notification for new messages"));
     if (!m_plugin)
         return;
     const Connector *connector = m_plugin->connector();

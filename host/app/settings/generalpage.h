@@ -5,17 +5,19 @@
 #include <QWidget>
 
 class ConnectorPlugin;
+class Core;
 class LocaleManager;
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QSpinBox;
 
-/// The program's own settings: language and connections. GUI thread.
+/// The program's own settings: language, connections and notifications. GUI thread.
 class GeneralPage final : public QWidget {
     Q_OBJECT
 public:
     /// @p plugin may be null, then there are no connections to set. Both outlive the page.
-    GeneralPage(LocaleManager *locale, ConnectorPlugin *plugin, QWidget *parent);
+    GeneralPage(Core *core, ConnectorPlugin *plugin, QWidget *parent);
 
     /// Lets hold what is chosen.
     void save();
@@ -30,6 +32,7 @@ private:
     void fillLanguages();
     void retranslate();
 
+    Core *const m_core;
     LocaleManager *const m_locale;
     ConnectorPlugin *const m_plugin;
     QLabel *const m_languageCaption;
@@ -39,4 +42,5 @@ private:
     QLabel *const m_connectionsNote;
     QLabel *const m_searchCaption;
     QLabel *const m_search;
+    QCheckBox *const m_notifications;
 };

@@ -26,7 +26,7 @@ SettingsDialog::SettingsDialog(Core *core, ConnectorPlugin *plugin, QWidget *par
     : QDialog(parent)
     , m_core(core)
     , m_pages(new QTabWidget(this))
-    , m_general(new GeneralPage(core->locale(), plugin, m_pages))
+    , m_general(new GeneralPage(core, plugin, m_pages))
     , m_privacy(new PrivacyPage(*core->privateData(), m_pages))
     , m_reset(new QPushButton(this))
 {
