@@ -545,7 +545,7 @@ Erstellt mit Qt %5. Veröffentlicht unter der MIT-Lizenz.</translation>
 <context>
     <name>MainMenu</name>
     <message>
-        <source>&amp;Halvora</source>
+        <source>Ha&amp;lvora</source>
         <translation>Hal&amp;vora</translation>
     </message>
     <message>

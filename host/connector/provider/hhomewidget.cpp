@@ -48,6 +48,7 @@ void HHomeWidget::build()
         // A long user name must not make the window as wide.
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     }
+    m_detail->setWordWrap(true); // between two panels there may be little room
 
     auto *layout = new QVBoxLayout(this);
     layout->setSpacing(14);

@@ -107,7 +107,7 @@ void MainMenu::setLoginPossible(bool canLogIn, bool canLogOut)
 
 void MainMenu::retranslate()
 {
-    m_program->setTitle(tr("&Halvora"));
+    m_program->setTitle(tr("Ha&lvora"));
     m_open->setText(tr("&Open NZB File…"));
     m_settings->setText(tr("&Settings…"));
     m_quit->setText(tr("&Quit"));
