@@ -8,9 +8,9 @@
 
 class BookmarkItem;
 
-/// Asks the account service for the account's bookmarks: newsgroups in named folders.
-class CVBookmarksRequest final : public HRequest {
-    Q_OBJECT
+/// Asks the account service for the account's bookmarks: newsgroups in named folders. It answers with its
+/// base's meta-object. Threads as in HRequest.
+class CVBookmarksRequest final : public HRequest { // clazy:exclude=missing-qobject-macro
 public:
     explicit CVBookmarksRequest(Connector *connector);
     /// Deletes the folders, and with them the bookmarks in them.

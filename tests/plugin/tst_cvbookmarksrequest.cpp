@@ -21,6 +21,8 @@ private Q_SLOTS:
     void cleanup();
     void itWritesOneEmptyElement();
     void nothingIsThereBeforeAReply();
+    void itAnswersWithItsBasesMetaObject();
+    void itIsSentAsAnyOtherRequest();
     void repliesAreRead_data();
     void repliesAreRead();
     void itemsBelongToTheirFolderAndAreNothingButNamed();
@@ -112,6 +114,21 @@ void TestCVBookmarksRequest::nothingIsThereBeforeAReply()
 {
     QVERIFY(m_request->folders().isEmpty());
     QVERIFY(!m_request->isSuccessful());
+}
+
+void TestCVBookmarksRequest::itAnswersWithItsBasesMetaObject()
+{
+    QCOMPARE(m_request->metaObject(), &HRequest::staticMetaObject);
+    QCOMPARE(m_request->parent(), nullptr);
+}
+
+void TestCVBookmarksRequest::itIsSentAsAnyOtherRequest()
+{
+    QVERIFY(m_request->isAllowedToSend(true, true));
+    QVERIFY(!m_request->isAllowedToSend(true, false));
+    QVERIFY(!m_request->isAllowedToSend(false, true));
+    QVERIFY(!m_request->isLoginRequest());
+    QVERIFY(m_request->prepare());
 }
 
 void TestCVBookmarksRequest::repliesAreRead_data()
