@@ -10,8 +10,8 @@ class TestConstants : public QObject {
 private Q_SLOTS:
     void secondAndThirdServiceHostAreEmptyNotAbsent();
     void linkSchemeAndProductIdAreTwoConstants();
-    void wordsAreSpelledAsAgreed_data();
-    void wordsAreSpelledAsAgreed();
+    void wordsKeepTheirSpelling_data();
+    void wordsKeepTheirSpelling();
     void patternsAreComposedOfTheirPieces();
     void patternsMatchWhatTheyAreFor_data();
     void patternsMatchWhatTheyAreFor();
@@ -34,7 +34,7 @@ void TestConstants::linkSchemeAndProductIdAreTwoConstants()
     QVERIFY(&constants::jobSize != &constants::fieldSize);
 }
 
-void TestConstants::wordsAreSpelledAsAgreed_data()
+void TestConstants::wordsKeepTheirSpelling_data()
 {
     QTest::addColumn<QString>("word");
     QTest::addColumn<QString>("expected");
@@ -115,7 +115,7 @@ void TestConstants::wordsAreSpelledAsAgreed_data()
     row(constants::quotedFilePattern, "\"([^\"]+\\.(?:[0-9a-z]{2,4}))\"");
 }
 
-void TestConstants::wordsAreSpelledAsAgreed()
+void TestConstants::wordsKeepTheirSpelling()
 {
     QFETCH(QString, word);
     QFETCH(QString, expected);

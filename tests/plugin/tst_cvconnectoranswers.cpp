@@ -65,7 +65,7 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void textsAreAsAgreed();
+    void textsNameProgramAndProduct();
     void yesAndNoAreFalseTrueFalse();
     void defaultsAreTheHosts();
     void initShowsTheErrorReport();
@@ -108,7 +108,7 @@ void TestCVConnectorAnswers::cleanup()
     m_core.reset();
 }
 
-void TestCVConnectorAnswers::textsAreAsAgreed()
+void TestCVConnectorAnswers::textsNameProgramAndProduct()
 {
     QCOMPARE(m_plugin->statsConfigName(), m_plugin->configName());
     QCOMPARE(m_plugin->displayName(), QStringLiteral("Halvora"));
