@@ -25,6 +25,7 @@ private Q_SLOTS:
     void cleanup();
     void nothingIsThereBeforeTheConnectorIsInitialised();
     void theConnectorOwnsTheStoreAndTellsTheProgramOfIt();
+    void theErrorReportIsShownOnceTheStoreIsKnown();
     void theStoreLoadsInTheNextTurnOfTheEventLoop();
     void theStoreGoesWithTheConnector();
     void clearingThroughTheRegistryReachesTheStore();
@@ -69,6 +70,20 @@ void TestBookmarkRegistration::theConnectorOwnsTheStoreAndTellsTheProgramOfIt()
     QCOMPARE(m_core->privateData()->parts(), QList<IPrivateData *>{model});
     QCOMPARE(m_core->settingsRegistry()->parts(), QList<ISettings *>{model});
     QVERIFY(m_core->isErrorReportVisible());
+}
+
+void TestBookmarkRegistration::theErrorReportIsShownOnceTheStoreIsKnown()
+{
+    bool provider = false;
+    bool privateData = false;
+    connect(m_core.get(), &Core::errorReportVisibleChanged, this, [&] {
+        provider = m_core->plugin()->bookmarkProvider() != nullptr;
+        privateData = !m_core->privateData()->parts().isEmpty();
+    });
+    Benchmark benchmark;
+    m_plugin->init(benchmark);
+    QVERIFY(provider);
+    QVERIFY(privateData);
 }
 
 void TestBookmarkRegistration::theStoreLoadsInTheNextTurnOfTheEventLoop()
