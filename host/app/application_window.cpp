@@ -4,7 +4,7 @@
 
 #include "detailsdock.h"
 #include "logincontroller.h"
-#include "notification/messagenotifier.h"
+#include "messagenotifier.h"
 #include "outsidelink.h"
 #include "passwordpipe.h"
 #include "picture.h"

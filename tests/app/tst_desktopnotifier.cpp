@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
-#include "notification/desktopnotifier.h"
-#include "notification/notificationtext.h"
+#include "desktopnotifier.h"
+#include "notificationtext.h"
 #include "privatebus.h"
 #include "recordingdesktop.h"
 

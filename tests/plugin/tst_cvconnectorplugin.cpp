@@ -23,6 +23,7 @@
 #include <QAction>
 #include <QDockWidget>
 #include <QLabel>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QStackedWidget>
 #include <QTest>
@@ -40,7 +41,7 @@ public:
 
 constexpr int fiveMinutes = 300'000;
 
-/// The one-shots of five minutes that are under way in this thread.
+/// The one-shots of five minutes that are under way in this thread; nobody needs them to the millisecond.
 int fiveMinuteTimers()
 {
     auto *dispatcher = QAbstractEventDispatcher::instance();
@@ -48,7 +49,7 @@ int fiveMinuteTimers()
     for (QObject *timer : dispatcher->children()) {
         for (const QAbstractEventDispatcher::TimerInfo &info : dispatcher->registeredTimers(timer))
             count += qstrcmp(timer->metaObject()->className(), "QSingleShotTimer") == 0 &&
-                     info.interval == fiveMinutes;
+                     info.interval == fiveMinutes && info.timerType != Qt::PreciseTimer;
     }
     return count;
 }
@@ -99,6 +100,13 @@ public:
     }
 };
 
+/// Its addresses carry another flag, to see who is asked.
+class OtherFlag final : public CVConnectorPlugin {
+public:
+    using CVConnectorPlugin::CVConnectorPlugin;
+    bool addressFlag() const override { return false; }
+};
+
 } // namespace
 
 class TestCVConnectorPlugin : public QObject {
@@ -107,7 +115,8 @@ private Q_SLOTS:
     void theConstructorMakesWhatTheHostAsksFor();
     void theStatusTimerRunsEveryTenMinutes();
     void thereIsOneAddressAndItIsThePrimary();
-    void theMetaObjectIsAsAgreed();
+    void anAddressAsksForItsFlagVirtually();
+    void theMetaObjectListsASignalAndFourSlots();
     void aSecondLoginIsIgnoredWhileOneIsInFlight();
     void aLoginGoesToTheFront();
     void aStatusRequestGoesToTheBack();
@@ -127,6 +136,8 @@ private Q_SLOTS:
     void oneStatusRequestMayFollowAnother();
     void aFailedStatusRequestShowsTheLoginPage();
     void anUpdateIsTold();
+    void aLoginWithoutAnUpdateTellsNone();
+    void aSlotWithoutItsRequestDoesNothing();
     void thePanelsAreMadeInTheirOrder();
     void thePanelIsMadeWithTheStatistics();
     void ofTwoStatisticsThePanelTakesTheFirst();
@@ -171,7 +182,15 @@ void TestCVConnectorPlugin::thereIsOneAddressAndItIsThePrimary()
     QCOMPARE(addresses.first().number(), 0);
 }
 
-void TestCVConnectorPlugin::theMetaObjectIsAsAgreed()
+void TestCVConnectorPlugin::anAddressAsksForItsFlagVirtually()
+{
+    LoopbackAccount account;
+    const OtherFlag plugin(&account.core());
+    QCOMPARE(plugin.serverAddresses().size(), 1);
+    QVERIFY(!plugin.serverAddresses().constFirst().isSecure());
+}
+
+void TestCVConnectorPlugin::theMetaObjectListsASignalAndFourSlots()
 {
     const QMetaObject &meta = CVConnectorPlugin::staticMetaObject;
     QCOMPARE(meta.className(), "CVConnectorPlugin");
@@ -183,6 +202,9 @@ void TestCVConnectorPlugin::theMetaObjectIsAsAgreed()
                                QStringLiteral("statusRequestFinished()")};
     QCOMPARE(methods, expected);
     QCOMPARE(meta.method(meta.methodOffset()).methodType(), QMetaMethod::Signal);
+    for (int i = meta.methodOffset() + 1; i < meta.methodCount(); ++i)
+        QCOMPARE(meta.method(i).methodType(), QMetaMethod::Slot);
+    QCOMPARE(meta.propertyCount(), meta.propertyOffset());
 }
 
 void TestCVConnectorPlugin::aSecondLoginIsIgnoredWhileOneIsInFlight()
@@ -534,6 +556,32 @@ void TestCVConnectorPlugin::anUpdateIsTold()
     const QStringList expected{QStringLiteral("9.9"), QStringLiteral("https://www.corvia.example/get"),
                                QStringLiteral("new")};
     QTRY_COMPARE(told, expected);
+}
+
+void TestCVConnectorPlugin::aLoginWithoutAnUpdateTellsNone()
+{
+    LoopbackAccount account;
+    CountingPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    account.service().setFault(body("<reply version='1'><login session='s'/></reply>"));
+    const QSignalSpy update(&account.core(), &Core::softwareUpdateOffered);
+    plugin.startLogin();
+    QTRY_COMPARE_WITH_TIMEOUT(plugin.applied.size(), 1, 60'000);
+    QCOMPARE(update.count(), 0);
+}
+
+// Anybody can call a slot by its name.
+void TestCVConnectorPlugin::aSlotWithoutItsRequestDoesNothing()
+{
+    LoopbackAccount account;
+    CountingPlugin plugin(&account.core());
+    MainWindow window(&account.core());
+    plugin.polish(&window);
+    const int limit = plugin.connector()->distributor()->maxConnectionsMax();
+    QVERIFY(QMetaObject::invokeMethod(&plugin, "loginRequestFinished"));
+    QVERIFY(QMetaObject::invokeMethod(&plugin, "statusRequestFinished"));
+    QVERIFY(plugin.applied.isEmpty());
+    QCOMPARE(plugin.connector()->distributor()->maxConnectionsMax(), limit);
 }
 
 void TestCVConnectorPlugin::thePanelsAreMadeInTheirOrder()

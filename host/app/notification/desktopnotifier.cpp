@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
-#include "notification/desktopnotifier.h"
+#include "desktopnotifier.h"
 
-#include "notification/notificationtext.h"
+#include "notificationtext.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
-#include "notification/messagenotifier.h"
+#include "messagenotifier.h"
 
-#include "notification/desktopnotifier.h"
+#include "desktopnotifier.h"
 
 #include <halvora/hmessage.h>
 #include <halvora/hmessagemanager.h>

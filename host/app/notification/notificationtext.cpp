@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
-#include "notification/notificationtext.h"
+#include "notificationtext.h"
 
 #include <QVector>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "generalpage.h"
 
-#include "notification/messagenotifier.h"
+#include "messagenotifier.h"
 
 #include <halvora/connector.h>
 #include <halvora/connectorplugin.h>
