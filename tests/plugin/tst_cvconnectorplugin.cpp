@@ -11,6 +11,7 @@
 #include <halvora/hautosearchservice.h>
 #include <halvora/hjobresulthandler.h>
 #include <halvora/hmessagemanager.h>
+#include <halvora/hloginrequest.h>
 #include <halvora/hnntpdistributor.h>
 #include <halvora/hserver.h>
 #include <halvora/mainwindow.h>
@@ -24,6 +25,7 @@
 #include <QDockWidget>
 #include <QLabel>
 #include <QMenu>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QStackedWidget>
 #include <QTest>
@@ -87,16 +89,18 @@ public:
     using CVConnectorPlugin::CVConnectorPlugin;
     int refreshes = 0;
     QStringList applied;
+    QPointer<HLoginRequest> login; ///< the last one that was applied
 
     void refreshStatus() override
     {
         ++refreshes;
         CVConnectorPlugin::refreshStatus();
     }
-    void applyLogin(HLoginRequest *login) override
+    void applyLogin(HLoginRequest *request) override
     {
+        login = request;
         applied.append(QString::number(connector()->distributor()->maxConnectionsMax()));
-        CVConnectorPlugin::applyLogin(login);
+        CVConnectorPlugin::applyLogin(request);
     }
 };
 
@@ -132,11 +136,13 @@ private Q_SLOTS:
     void aLoginWithoutASessionWordAppliesNothingOfItsReply();
     void aLimitOfZeroOrUnknownLeavesTheDistributorAlone();
     void aStatusReplySetsTheLimitAnew();
+    void aStatusReplyWithoutALimitLeavesTheDistributorAlone_data();
     void aStatusReplyWithoutALimitLeavesTheDistributorAlone();
     void oneStatusRequestMayFollowAnother();
     void aFailedStatusRequestShowsTheLoginPage();
     void anUpdateIsTold();
     void aLoginWithoutAnUpdateTellsNone();
+    void aFinishedLoginIsLetGo();
     void aSlotWithoutItsRequestDoesNothing();
     void thePanelsAreMadeInTheirOrder();
     void thePanelIsMadeWithTheStatistics();
@@ -483,20 +489,32 @@ void TestCVConnectorPlugin::aStatusReplySetsTheLimitAnew()
     QTRY_COMPARE(plugin.connector()->distributor()->maxConnectionsMax(), 12);
 }
 
+void TestCVConnectorPlugin::aStatusReplyWithoutALimitLeavesTheDistributorAlone_data()
+{
+    QTest::addColumn<QByteArray>("nntp");
+    QTest::newRow("zero") << QByteArray("<nntp max-connections='0'/>");
+    QTest::newRow("negative") << QByteArray("<nntp max-connections='-1'/>");
+    QTest::newRow("no number") << QByteArray("<nntp max-connections='x'/>");
+    QTest::newRow("none") << QByteArray("<nntp/>");
+    QTest::newRow("no element") << QByteArray();
+}
+
 void TestCVConnectorPlugin::aStatusReplyWithoutALimitLeavesTheDistributorAlone()
 {
+    QFETCH(QByteArray, nntp);
     LoopbackAccount account;
     CVConnectorPlugin plugin(&account.core());
     account.useDemo(plugin);
-    MainWindow window(&account.core());
-    plugin.polish(&window);
     plugin.startLogin();
-    QTRY_COMPARE(plugin.connector()->distributor()->maxConnectionsMax(), 20);
+    QTRY_COMPARE_WITH_TIMEOUT(plugin.connector()->distributor()->maxConnectionsMax(), 20, 60'000);
     account.service().setFault(
-        body("<reply version='1'><status><plan name='Q'/><nntp max-connections='0'/></status>"
-             "</reply>"));
+        body("<reply version='1'><status><plan name='Q'/>" + nntp.toStdString() + "</status></reply>"));
     plugin.refreshStatus();
-    QTRY_COMPARE(window.findChild<QLabel *>(QStringLiteral("plan"))->text(), QStringLiteral("Q"));
+    const QSharedPointer<HRequest> next(new AskedRequest(plugin.connector()));
+    const QSignalSpy nextFinished(next.data(), &HRequest::requestFinished);
+    plugin.connector()->server()->addRequestToQueue(next); // is told after the one before it
+    QTRY_COMPARE_WITH_TIMEOUT(nextFinished.count(), 1, 60'000);
+    QCOMPARE(account.requestNames().value(1), QStringLiteral("status"));
     QCOMPARE(plugin.connector()->distributor()->maxConnectionsMax(), 20);
 }
 
@@ -568,6 +586,16 @@ void TestCVConnectorPlugin::aLoginWithoutAnUpdateTellsNone()
     plugin.startLogin();
     QTRY_COMPARE_WITH_TIMEOUT(plugin.applied.size(), 1, 60'000);
     QCOMPARE(update.count(), 0);
+}
+
+void TestCVConnectorPlugin::aFinishedLoginIsLetGo()
+{
+    LoopbackAccount account;
+    CountingPlugin plugin(&account.core());
+    account.useDemo(plugin);
+    plugin.startLogin();
+    QTRY_COMPARE_WITH_TIMEOUT(plugin.applied.size(), 1, 60'000);
+    QTRY_VERIFY_WITH_TIMEOUT(!plugin.login, 60'000);
 }
 
 // Anybody can call a slot by its name.
