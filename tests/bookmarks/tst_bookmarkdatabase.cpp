@@ -49,6 +49,7 @@ private Q_SLOTS:
     void everyLoadTellsThatBookmarksChanged();
     void loadingReadsInOneTransactionAndTellsBeforeTheReset();
     void addingAndRemovingTellBetweenTheModelsSignals();
+    void whatIsToldIsStored();
     void childrenAreReadWhenTheyAreFirstAskedFor();
     void aBookmarkIsAskedForChildrenOnce();
     void childrenOfFoldersThatWereNeverOpenedStayInTheTable();
@@ -64,6 +65,18 @@ namespace {
 bool isInTransaction()
 {
     return sqlite3_get_autocommit(BookmarkStore::handle()) == 0;
+}
+
+/// Names and colours of all rows, as the model's own connection has them.
+QString storedNow()
+{
+    QSqlQuery query(QSqlDatabase::database(constants::bookmarkManagerName));
+    query.exec(QStringLiteral("SELECT coalesce(bookmark_name, bookmark_newsgroup) || "
+                              "coalesce('+' || bookmark_color, '') FROM bookmarks ORDER BY bookmark_id"));
+    QStringList rows;
+    while (query.next())
+        rows.append(query.value(0).toString());
+    return rows.join(QLatin1Char(' '));
 }
 
 QStringList warnings;
@@ -382,6 +395,26 @@ void TestBookmarkDatabase::addingAndRemovingTellBetweenTheModelsSignals()
     store.model().removeBookmark(store.at({0, 0}));
     QCOMPARE(events, (QStringList{QStringLiteral("removing"), QStringLiteral("forgotten within"),
                                   QStringLiteral("removed")}));
+}
+
+void TestBookmarkDatabase::whatIsToldIsStored()
+{
+    BookmarkStore store;
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    QStringList stored;
+    const auto look = [&stored] { stored.append(storedNow()); };
+    connect(store.model().provider(), &BookmarkProvider::bookmarkAdded, this, look);
+    connect(store.model().provider(), &BookmarkProvider::bookmarkRemoved, this, look);
+    connect(&store.model(), &QAbstractItemModel::dataChanged, this, look);
+    store.model().addBookmarks(words("a b"), folder);
+    QCOMPARE(stored, (QStringList{QStringLiteral("f a"), QStringLiteral("f a b")}));
+    stored.clear();
+    store.model().setData(folder, QStringLiteral("g"));
+    store.model().setItemColor(store.at({0, 0}), QStringLiteral("red"));
+    QCOMPARE(stored, (QStringList{QStringLiteral("g a b"), QStringLiteral("g a+red b")}));
+    stored.clear();
+    store.model().removeBookmark(folder);
+    QCOMPARE(stored, (QStringList{QStringLiteral("g b"), QStringLiteral("g")}));
 }
 
 void TestBookmarkDatabase::childrenAreReadWhenTheyAreFirstAskedFor()

@@ -7,9 +7,11 @@
 #include "bookmarks/cvbookmarkstoolwidgetprivate.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 // What the menus of the panel hold, where they open and what is checked in them.
 class TestBookmarkMenus : public QObject {
@@ -21,6 +23,7 @@ private Q_SLOTS:
     void aBookmarkOffersItsActions();
     void aFolderOffersItsActions();
     void aMenuOpensAtThePointer();
+    void aMenuOpensAtThePointerWhateverItMeans();
     void aRightClickLeavesTheSelection();
     void theColoursOfABookmarkBeginWithNone();
     void theColoursOfAFolderLackNone();
@@ -140,6 +143,25 @@ void TestBookmarkMenus::aMenuOpensAtThePointer()
         QCOMPARE(corner, m_panel->view()->viewport()->mapToGlobal(m_panel->place(index)));
         QVERIFY(!parent);
     }
+}
+
+void TestBookmarkMenus::aMenuOpensAtThePointerWhateverItMeans()
+{
+    QStringList texts;
+    QPoint corner;
+    QTimer::singleShot(0, m_panel->content(), [&texts, &corner] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        texts = menuTexts(*menu);
+        corner = menu->pos();
+        menu->close();
+    });
+    const QPoint pointer = m_panel->view()->viewport()->mapToGlobal(m_panel->place(folder()));
+    QCursor::setPos(pointer);
+    m_panel->content()->showContextMenu(m_panel->place(bookmark()));
+    QCOMPARE(texts.value(1), QStringLiteral("Delete Bookmark"));
+    QCOMPARE(corner, pointer);
 }
 
 void TestBookmarkMenus::aRightClickLeavesTheSelection()

@@ -7,6 +7,8 @@
 #include "bookmarks/cvbookmarkprovider.h"
 #include "connector/cvconnectorplugin.h"
 
+#include <halvora/hpixmaps.h>
+
 #include <QIcon>
 #include <QMetaMethod>
 #include <QPixmap>
@@ -154,7 +156,10 @@ void TestCVBookmarkManager::eachRoleHasItsAnswer()
     QVERIFY(!model.data(QModelIndex(), Qt::EditRole).isValid());
     const QVariant picture = store.at({0, 0}).data(Qt::DecorationRole);
     QCOMPARE(picture.userType(), int(QMetaType::QPixmap));
-    QVERIFY(!picture.value<QPixmap>().isNull());
+    const QImage drawing =
+        hSvgPixmap(QStringLiteral(":/corvia/bookmarks/newsgroup_default.svg"), 16).toImage();
+    QVERIFY(!drawing.isNull());
+    QCOMPARE(picture.value<QPixmap>().toImage(), drawing);
     QCOMPARE(folder.data(Qt::DecorationRole).userType(), int(QMetaType::QPixmap));
     QVERIFY(picture.value<QPixmap>().toImage() != folder.data(Qt::DecorationRole).value<QPixmap>().toImage());
 }

@@ -114,6 +114,8 @@ void TestCVBookmarksToolWidget::theDockIsNamedAndTitled()
 {
     QCOMPARE(m_panel->dock()->objectName(), QStringLiteral("CVBookmarksDock"));
     QCOMPARE(m_panel->dock()->windowTitle(), QStringLiteral("Bookmarks"));
+    QCOMPARE(m_panel->dock()->toggleViewAction()->text(),
+             QStringLiteral("Bookmarks")); // the base hears of it
     QVERIFY(qobject_cast<CVBookmarksToolWidgetPrivate *>(m_panel->dock()->widget()));
     QVERIFY(m_panel->view()->isVisible());
 }
