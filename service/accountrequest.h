@@ -12,7 +12,8 @@ namespace corvia {
 
 /// A request as it was read from a client.
 struct AccountRequest {
-    std::string name; ///< The request's element ("login", "status" and so on); empty when there is none to be seen.
+    std::string
+        name; ///< The request's element ("login", "status" and so on); empty when there is none to be seen.
     std::string problem; ///< Empty: the request is valid; otherwise one line that says what is wrong.
     std::string session;
     std::string userName;

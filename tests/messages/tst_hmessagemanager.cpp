@@ -96,8 +96,8 @@ void HMessageManagerTest::restart()
     cleanup();
     m_core = std::make_unique<Core>(m_profile->path());
     m_manager = std::make_unique<HMessageManager>(m_core.get());
-    m_tester = std::make_unique<QAbstractItemModelTester>(m_manager.get(),
-                                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
+    m_tester = std::make_unique<QAbstractItemModelTester>(
+        m_manager.get(), QAbstractItemModelTester::FailureReportingMode::QtTest);
 }
 
 QStringList HMessageManagerTest::uids() const

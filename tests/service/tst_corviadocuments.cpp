@@ -74,26 +74,26 @@ private Q_SLOTS:
 
     void aRequestThatIsNotValidIsRefused_data()
     {
-        QTest::addColumn<QString>("message");
+        QTest::addColumn<QByteArray>("message");
         QTest::addColumn<bool>("valid");
-        const QString uid = "<message uid='a'/>";
-        QTest::newRow("nothing done") << "" << true;
+        const QByteArray uid = "<message uid='a'/>";
+        QTest::newRow("nothing done") << QByteArray() << true;
         QTest::newRow("read") << "<read>" + uid + "</read>" << true;
         QTest::newRow("deleted") << "<deleted>" + uid + uid + "</deleted>" << true;
         QTest::newRow("both") << "<read>" + uid + "</read><deleted>" + uid + "</deleted>" << true;
         QTest::newRow("the other way round")
             << "<deleted>" + uid + "</deleted><read>" + uid + "</read>" << false;
-        QTest::newRow("an empty list") << "<read/>" << false;
+        QTest::newRow("an empty list") << QByteArray("<read/>") << false;
         QTest::newRow("twice") << "<read>" + uid + "</read><read>" + uid + "</read>" << false;
-        QTest::newRow("no uid") << "<read><message/></read>" << false;
-        QTest::newRow("a blank uid") << "<read><message uid=' '/></read>" << false;
-        QTest::newRow("a long uid") << "<read><message uid='" + QString(256, 'u') + "'/></read>" << false;
+        QTest::newRow("no uid") << QByteArray("<read><message/></read>") << false;
+        QTest::newRow("a blank uid") << QByteArray("<read><message uid=' '/></read>") << false;
+        QTest::newRow("a long uid") << "<read><message uid='" + QByteArray(256, 'u') + "'/></read>" << false;
         QTest::newRow("outside") << uid << false;
     }
 
     void aRequestThatIsNotValidIsRefused()
     {
-        QFETCH(QString, message);
+        QFETCH(QByteArray, message);
         QFETCH(bool, valid);
         const corvia::XmlDocument document("<request version='1' session='s'><message>" +
                                            message.toStdString() + "</message></request>");
@@ -123,15 +123,14 @@ private Q_SLOTS:
             << "<reply version='1'><bookmarks><newsgroup>a.b</newsgroup></bookmarks></reply>";
         QTest::newRow("another version") << "<reply version='2'><success/></reply>";
         const auto message = [](const char *attributes) {
-            return QString("<reply version='1'><success/><messages><message %1/></messages></reply>")
-                .arg(attributes);
+            return QStringLiteral("<reply version='1'><success/><messages><message %1/></messages></reply>")
+                .arg(QLatin1String(attributes));
         };
         QTest::newRow("message without a uid") << message("");
         QTest::newRow("message with a blank uid") << message("uid='  '");
         QTest::newRow("message of a day") << message("uid='a' date='2026-01-01'");
         QTest::newRow("message half read") << message("uid='a' read='half'");
-        QTest::newRow("text among messages")
-            << "<reply version='1'><success/><messages>x</messages></reply>";
+        QTest::newRow("text among messages") << "<reply version='1'><success/><messages>x</messages></reply>";
     }
 
     void aReplyThatIsNotValidIsRefused()

@@ -66,8 +66,9 @@ private Q_SLOTS:
     void aLoginTellsAllMessages()
     {
         const std::string reply = fixture_->post(ServiceFixture::loginRequest("ada")).body;
-        QVERIFY(holds(reply, "</login><messages><message uid=\"fixed\" date=\"0\" read=\"true\" "
-                             "deletable=\"false\">Fixed &amp; &lt;old&gt;</message><message uid=\"aged\" date="));
+        QVERIFY(holds(reply,
+                      "</login><messages><message uid=\"fixed\" date=\"0\" read=\"true\" "
+                      "deletable=\"false\">Fixed &amp; &lt;old&gt;</message><message uid=\"aged\" date="));
         QVERIFY(holds(reply, " url=\"https://www.corvia.example/?a=1&amp;b=2\" read=\"false\" "
                              "deletable=\"true\">Aged</message><message uid=\"plain\" read=\"false\" "
                              "deletable=\"true\">Plain</message></messages></reply>"));

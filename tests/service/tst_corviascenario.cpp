@@ -41,18 +41,20 @@ private Q_SLOTS:
         row("bookmark in no folder",
             "<account user='a' password='b'><bookmarks><newsgroup name='a'/></bookmarks></account>",
             "<newsgroup> has no place here");
-        const auto messages = [](const QByteArray &inside) {
-            return QByteArray("<account user='a' password='b'><messages>") + inside + "</messages></account>";
+        const auto messageRow = [&row](const char *name, const QByteArray &messages, const char *problem) {
+            const QByteArray inside =
+                "<account user='a' password='b'><messages>" + messages + "</messages></account>";
+            row(name, inside.constData(), problem);
         };
-        row("nameless message", messages("<message/>"), "<message> needs the attribute \"uid\"");
-        row("blank message", messages("<message uid=' '/>"), "a message has a uid that is not blank");
-        row("long uid", messages("<message uid='" + QByteArray(256, 'u') + "'/>"),
-            "the uid of a message has at most 255 bytes");
-        row("the same uid again", messages("<message uid='m'/><message uid='m'/>"),
-            "there are two messages \"m\"");
-        row("two dates", messages("<message uid='m' date='1' hours-ago='1'/>"),
-            "a message has a date or an age, not both");
-        row("no message", messages("<note uid='m'/>"), "<note> has no place here");
+        messageRow("nameless message", "<message/>", "<message> needs the attribute \"uid\"");
+        messageRow("blank message", "<message uid=' '/>", "a message has a uid that is not blank");
+        messageRow("long uid", "<message uid='" + QByteArray(256, 'u') + "'/>",
+                   "the uid of a message has at most 255 bytes");
+        messageRow("the same uid again", "<message uid='m'/><message uid='m'/>",
+                   "there are two messages \"m\"");
+        messageRow("two dates", "<message uid='m' date='1' hours-ago='1'/>",
+                   "a message has a date or an age, not both");
+        messageRow("no message", "<note uid='m'/>", "<note> has no place here");
         row("empty series", "<groups><group name='a'><series count='3'/></group></groups>",
             "a series has at least one article");
         row("the same id again",

@@ -53,10 +53,11 @@ bool ServiceAccount::logIn()
 {
     const QSharedPointer<TestLogin> login(new TestLogin(&connector()));
     // At once, as a provider does: what the reply brings along is for the account that is logged in then.
-    QObject::connect(login.data(), &HRequest::requestFinished, m_plugin.get(), [this, request = login.data()] {
-        if (request->isSuccessful())
-            m_plugin->applyLogin(request);
-    });
+    QObject::connect(login.data(), &HRequest::requestFinished, m_plugin.get(),
+                     [this, request = login.data()] {
+                         if (request->isSuccessful())
+                             m_plugin->applyLogin(request);
+                     });
     QSignalSpy finished(login.data(), &HRequest::requestFinished);
     server().prependRequestToQueue(login);
     return finished.wait(30'000) && login->isSuccessful();

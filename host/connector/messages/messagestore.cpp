@@ -61,10 +61,9 @@ MessageEntry entryFromRow(const QSqlQuery &query)
 {
     const QString url = query.value(UrlColumn).toString();
     MessageEntry entry;
-    entry.message =
-        HMessage(query.value(UidColumn).toString(), query.value(TextColumn).toString(),
-                 QDateTime::fromMSecsSinceEpoch(query.value(DateColumn).toLongLong(), Qt::UTC),
-                 url.isEmpty() ? UrlInfo() : UrlInfo(QUrl(url, QUrl::StrictMode)));
+    entry.message = HMessage(query.value(UidColumn).toString(), query.value(TextColumn).toString(),
+                             QDateTime::fromMSecsSinceEpoch(query.value(DateColumn).toLongLong(), Qt::UTC),
+                             url.isEmpty() ? UrlInfo() : UrlInfo(QUrl(url, QUrl::StrictMode)));
     entry.message.setRead(query.value(ReadColumn).toBool());
     entry.message.setDeletable(query.value(DeletableColumn).toBool());
     entry.arrival = query.value(ArrivalColumn).toLongLong();
@@ -117,10 +116,10 @@ MessageStore::Contents MessageStore::load(const QString &account)
 {
     const QSqlDatabase connection = database();
     Contents contents;
-    Statement messages(connection,
-                       QStringLiteral("SELECT uid, arrival, message_date, message_text, message_url, "
-                                      "is_read, is_deletable FROM messages WHERE account=? AND NOT is_deleted "
-                                      "ORDER BY message_date DESC, arrival DESC"));
+    Statement messages(
+        connection, QStringLiteral("SELECT uid, arrival, message_date, message_text, message_url, "
+                                   "is_read, is_deletable FROM messages WHERE account=? AND NOT is_deleted "
+                                   "ORDER BY message_date DESC, arrival DESC"));
     for (QSqlQuery &query = messages.run({account}); query.next();)
         contents.entries.append(entryFromRow(query));
     Statement deleted(connection, QStringLiteral("SELECT uid FROM messages WHERE account=? AND is_deleted"));
@@ -139,9 +138,10 @@ void MessageStore::write(const QString &account, const QVector<MessageEntry> &en
     Statement forget(connection, QStringLiteral("DELETE FROM messages WHERE account=? AND uid=?"));
     for (const QString &uid : forgotten)
         forget.run({account, uid});
-    Statement keep(connection, QStringLiteral("INSERT OR REPLACE INTO messages (account, uid, arrival, "
-                                              "message_date, message_text, message_url, is_read, "
-                                              "is_deletable, is_deleted) VALUES (?, ?, ?, ?, ?, ?, ?, ?, 0)"));
+    Statement keep(connection,
+                   QStringLiteral("INSERT OR REPLACE INTO messages (account, uid, arrival, "
+                                  "message_date, message_text, message_url, is_read, "
+                                  "is_deletable, is_deleted) VALUES (?, ?, ?, ?, ?, ?, ?, ?, 0)"));
     for (const MessageEntry &entry : entries) {
         const HMessage &message = entry.message;
         keep.run({account, message.uid(), entry.arrival, message.date().toMSecsSinceEpoch(), message.text(),

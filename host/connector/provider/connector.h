@@ -47,8 +47,8 @@ public:
 
     /// Whether a login was applied and still holds, so that requests make sense.
     bool isLoginAvailable() const;
-    /// What every successful login does: takes news servers and links, shows the account's messages, opens the
-    /// distributor, connects the server.
+    /// What every successful login does: takes news servers and links, shows the account's messages, opens
+    /// the distributor, connects the server.
     void applyLogin(const HLoginRequest &login);
     /// Forgets user name and password, the session, the news servers and the links, and shows no
     /// messages any more.

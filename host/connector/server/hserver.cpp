@@ -200,8 +200,9 @@ void HServer::deliver(const ServerJob &job)
 void HServer::tellMessages(const ServerJob &job, const QString &sessionBefore)
 {
     const QString &session = m_situation->session;
-    const bool belongs = job.request->isLoginRequest() ? job.request->isSuccessful() && session != sessionBefore
-                                                       : session == job.situation.session;
+    const bool belongs = job.request->isLoginRequest()
+                             ? job.request->isSuccessful() && session != sessionBefore
+                             : session == job.situation.session;
     if (belongs && !session.isEmpty() && !m_closed && !job.messages.isEmpty())
         Q_EMIT messagesReceived(job.messages);
 }

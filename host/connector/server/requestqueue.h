@@ -34,7 +34,7 @@ struct ServerJob {
     quint64 askedIn = 0; ///< the number of the situation in which the worker last took it
     ServerSituation situation;
     QSharedPointer<HRequest> request;
-    QDomDocument reply; ///< freed on the GUI thread, after the slots have run
+    QDomDocument reply;         ///< freed on the GUI thread, after the slots have run
     QVector<HMessage> messages; ///< what the reply brought along
     RequestFailure failure;
     Clock::time_point deadline;
