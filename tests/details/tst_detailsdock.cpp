@@ -174,12 +174,15 @@ void TestDetailsDock::aFileIsShownWithAllThatIsInIt()
     const auto date = [](qint64 seconds) {
         return QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::ShortFormat);
     };
+    const auto day = [](qint64 seconds) {
+        return QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds).date(), QLocale::ShortFormat);
+    };
     QCOMPARE(message(), QString());
     QCOMPARE(label("detailsTitle"), QStringLiteral("file.nzb"));
     QCOMPARE(label("detailsSummary"),
              QStringLiteral("Files: 2  ·  Segments: 3  ·  Size: 2 MiB  ·  Posted: %1 – %2  ·  "
                             "Newsgroups: alt.binaries.pictures.nature, misc.test")
-                 .arg(date(1'700'000'000), date(1'700'086'400)));
+                 .arg(day(1'700'000'000), day(1'700'086'400)));
     QCOMPARE(column(0), (QStringList{QStringLiteral("moon"), QStringLiteral("sun")}));
     QCOMPARE(column(1), (QStringList{QStringLiteral("1.5 MiB"), QStringLiteral("512 KiB")}));
     QCOMPARE(column(2), (QStringList{QStringLiteral("2"), QStringLiteral("1")}));
@@ -193,6 +196,9 @@ void TestDetailsDock::aFileIsShownWithAllThatIsInIt()
 
 void TestDetailsDock::whatIsNotKnownIsLeftOut()
 {
+    open(nzbtext::document(nzbtext::file("a") + nzbtext::file("b")));
+    QVERIFY(label("detailsSummary").contains(QLatin1String("Posted: ")));
+    QVERIFY(!label("detailsSummary").contains(QString::fromUtf8(" – "))); // the same day
     open("<nzb><file><segments><segment bytes='-1'/></segments></file></nzb>");
     QCOMPARE(label("detailsSummary"), QStringLiteral("Files: 1  ·  Segments: 1"));
     QCOMPARE(column(0), QStringList{QStringLiteral("(no subject)")});

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void cleanup();
     void itIsClosedUntilSomethingIsOpened();
     void openedItStandsBeforeItsNeighbour();
+    void aLowPanelStillHasRowsToSee();
     void openAtTheEndItIsOpenAtTheStart();
     void anArrangementFromBeforeThereWasOneLeavesItClosed();
     void resettingTheLayoutClosesIt();
@@ -113,6 +114,15 @@ void TestDetailsProgram::openedItStandsBeforeItsNeighbour()
     QTRY_VERIFY_WITH_TIMEOUT(!isSeen(), longest);
     dock()->showFile(write(nzbtext::document(nzbtext::file("two"))));
     QTRY_VERIFY_WITH_TIMEOUT(isSeen(), longest);
+}
+
+void TestDetailsProgram::aLowPanelStillHasRowsToSee()
+{
+    m_program->window().resize(1200, 760);
+    dock()->showFile(write(nzbtext::many(40, 3)));
+    QTRY_COMPARE_WITH_TIMEOUT(rows(), 40, longest);
+    const auto *view = m_program->find<QTreeView>("detailsList");
+    QTRY_VERIFY_WITH_TIMEOUT(view->viewport()->height() >= 5 * view->sizeHintForRow(0), longest);
 }
 
 void TestDetailsProgram::openAtTheEndItIsOpenAtTheStart()

@@ -27,6 +27,8 @@
 
 namespace {
 
+constexpr int leastRows = 5;
+
 QLabel *addLabel(QWidget *parent, const char *name)
 {
     auto *label = new QLabel(parent);
@@ -104,6 +106,10 @@ void DetailsDock::buildView()
     resizeColumn(DetailsModel::SegmentsColumn, tr("Segments") + QStringLiteral("nn"));
     resizeColumn(DetailsModel::NewsgroupsColumn, QString(14, QLatin1Char('n')));
     resizeColumn(DetailsModel::PostedColumn, StringFormat::dateTime(longDate, StringFormat::ShortDateTime));
+    // Where the panel is low, the list still has some rows.
+    m_view->setMinimumHeight(m_view->header()->sizeHint().height() +
+                             leastRows * (fontMetrics().height() + 4) +
+                             style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     // A scroll bar takes some of the width.
     connect(m_view->verticalScrollBar(), &QScrollBar::rangeChanged, this, &DetailsDock::arrangeColumns,
             Qt::QueuedConnection);

@@ -16,6 +16,11 @@ namespace {
 constexpr int longestName = 100;  // characters
 constexpr int mostNewsgroups = 3; // that a summary names
 
+QString day(qint64 posted)
+{
+    return QLocale().toString(QDateTime::fromSecsSinceEpoch(posted).date(), QLocale::ShortFormat);
+}
+
 } // namespace
 
 QString DetailsTexts::fileName(const QString &path)
@@ -51,9 +56,9 @@ QString DetailsTexts::date(qint64 posted)
 
 QString DetailsTexts::span(const NzbFile::Totals &totals)
 {
-    const QString first = date(totals.firstPosted);
-    const QString last = date(totals.lastPosted);
-    return first == last ? first : tr("%1 – %2", "from one time to another").arg(first, last);
+    const QString first = day(totals.firstPosted);
+    const QString last = day(totals.lastPosted);
+    return first == last ? first : tr("%1 – %2", "from one day to another").arg(first, last);
 }
 
 QString DetailsTexts::newsgroups(const QStringList &names)
