@@ -102,7 +102,7 @@ void DetailsDock::buildView()
     m_view->header()->setStretchLastSection(false);
     m_view->header()->setSectionsMovable(false);
     const QDateTime longDate(QDate(2000, 12, 30), QTime(20, 50, 50));
-    resizeColumn(DetailsModel::SizeColumn, tr("at least 1,000 bytes", "as wide as a size gets"));
+    resizeColumn(DetailsModel::SizeColumn, tr("1,000 bytes", "as wide as a size usually gets"));
     resizeColumn(DetailsModel::SegmentsColumn, tr("Segments") + QStringLiteral("nn"));
     resizeColumn(DetailsModel::NewsgroupsColumn, QString(14, QLatin1Char('n')));
     resizeColumn(DetailsModel::PostedColumn, StringFormat::dateTime(longDate, StringFormat::ShortDateTime));
