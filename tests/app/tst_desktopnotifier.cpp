@@ -157,6 +157,7 @@ void TestDesktopNotifier::theNextNotificationReplacesTheOneBefore()
     QTRY_COMPARE_WITH_TIMEOUT(m_desktop->shown.last().body, QStringLiteral("four"), patience);
     QCOMPARE(m_desktop->shown.last().replaced, number);
     QCOMPARE(m_desktop->nextNumber(), number + 1);
+    QCOMPARE(m_desktop->shown.size(), 2); // what was overtaken is never shown, and nothing is shown twice
 }
 
 void TestDesktopNotifier::aClosedNotificationIsNotReplaced()
