@@ -16,10 +16,6 @@
         <translation>Die Erweiterung %1 kann nicht verwendet werden.</translation>
     </message>
     <message>
-        <source>This version can not open links and files yet.</source>
-        <translation>Diese Version kann noch keine Links und Dateien öffnen.</translation>
-    </message>
-    <message>
         <source>No provider plug-in is loaded</source>
         <translation>Es ist keine Anbieter-Erweiterung geladen</translation>
     </message>
@@ -54,6 +50,14 @@
     <message>
         <source>The report could not be saved: %1</source>
         <translation>Der Bericht konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Open an NZB File</source>
+        <translation>NZB-Datei öffnen</translation>
+    </message>
+    <message>
+        <source>NZB files (*.nzb);;All files (*)</source>
+        <translation>NZB-Dateien (*.nzb);;Alle Dateien (*)</translation>
     </message>
 </context>
 <context>
@@ -257,6 +261,119 @@
     <message>
         <source>Show</source>
         <translation>Anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>DetailsDock</name>
+    <message>
+        <source>Open an NZB file to see what is in it.</source>
+        <translation>Öffnen Sie eine NZB-Datei, um ihren Inhalt zu sehen.</translation>
+    </message>
+    <message>
+        <source>at least 1,000 bytes</source>
+        <comment>as wide as a size gets</comment>
+        <translation>mindestens 1.000 Byte</translation>
+    </message>
+    <message>
+        <source>Segments</source>
+        <translation>Segmente</translation>
+    </message>
+    <message>
+        <source>The link names no group of files.</source>
+        <translation>Der Link nennt keine Dateigruppe.</translation>
+    </message>
+    <message>
+        <source>%1 can not be the name of a group of files.</source>
+        <translation>%1 kann nicht der Name einer Dateigruppe sein.</translation>
+    </message>
+    <message>
+        <source>No provider plug-in is loaded that could be asked for %1.</source>
+        <translation>Es ist keine Anbieter-Erweiterung geladen, bei der %1 erfragt werden könnte.</translation>
+    </message>
+    <message>
+        <source>Log in to see what is in %1.</source>
+        <translation>Melden Sie sich an, um den Inhalt von %1 zu sehen.</translation>
+    </message>
+    <message>
+        <source>Reading %1…</source>
+        <translation>%1 wird gelesen…</translation>
+    </message>
+    <message>
+        <source>%1 can not be shown: %2</source>
+        <translation>%1 kann nicht angezeigt werden: %2</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+</context>
+<context>
+    <name>DetailsModel</name>
+    <message>
+        <source>(no subject)</source>
+        <translation>(kein Betreff)</translation>
+    </message>
+    <message>
+        <source>Subject</source>
+        <translation>Betreff</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Segments</source>
+        <translation>Segmente</translation>
+    </message>
+    <message>
+        <source>Newsgroups</source>
+        <translation>Newsgroups</translation>
+    </message>
+    <message>
+        <source>Posted</source>
+        <translation>Gesendet</translation>
+    </message>
+</context>
+<context>
+    <name>DetailsTexts</name>
+    <message>
+        <source>at least %1</source>
+        <comment>a size</comment>
+        <translation>mindestens %1</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <comment>from one time to another</comment>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <comment>newsgroups</comment>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>Files: %1</source>
+        <translation>Dateien: %1</translation>
+    </message>
+    <message>
+        <source>Segments: %1</source>
+        <translation>Segmente: %1</translation>
+    </message>
+    <message>
+        <source>Size: %1</source>
+        <translation>Größe: %1</translation>
+    </message>
+    <message>
+        <source>Posted: %1</source>
+        <translation>Gesendet: %1</translation>
+    </message>
+    <message>
+        <source>Newsgroups: %1</source>
+        <translation>Newsgroups: %1</translation>
     </message>
 </context>
 <context>
@@ -580,6 +697,10 @@ Erstellt mit Qt %5. Veröffentlicht unter der MIT-Lizenz.</translation>
         <source>About &amp;Qt</source>
         <translation>Über &amp;Qt</translation>
     </message>
+    <message>
+        <source>&amp;Open NZB File…</source>
+        <translation>&amp;NZB-Datei öffnen…</translation>
+    </message>
 </context>
 <context>
     <name>MessageNotifier</name>
@@ -639,6 +760,80 @@ Erstellt mit Qt %5. Veröffentlicht unter der MIT-Lizenz.</translation>
     <message>
         <source>Description</source>
         <translation>Beschreibung</translation>
+    </message>
+</context>
+<context>
+    <name>NzbFailure</name>
+    <message>
+        <source>There is no file %1; it may have been moved or deleted.</source>
+        <translation>Die Datei %1 gibt es nicht; vielleicht wurde sie verschoben oder gelöscht.</translation>
+    </message>
+    <message>
+        <source>%1 may not be read; ask its owner for the permission.</source>
+        <translation>%1 darf nicht gelesen werden; bitten Sie den Eigentümer um die Erlaubnis.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder; open one of the NZB files in it.</source>
+        <translation>%1 ist ein Ordner; öffnen Sie eine der NZB-Dateien darin.</translation>
+    </message>
+    <message>
+        <source>%1 is no ordinary file and was not opened.</source>
+        <translation>%1 ist keine gewöhnliche Datei und wurde nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>%1 could not be read: %2</source>
+        <translation>%1 konnte nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 is too large for an NZB file and was not read.</source>
+        <translation>%1 ist für eine NZB-Datei zu groß und wurde nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>%1 is empty; download it again.</source>
+        <translation>%1 ist leer; laden Sie die Datei noch einmal herunter.</translation>
+    </message>
+    <message>
+        <source>%1 is not an NZB file.</source>
+        <translation>%1 ist keine NZB-Datei.</translation>
+    </message>
+    <message>
+        <source>%1 has declarations that no NZB file needs and that may do harm, so it was not read.</source>
+        <translation>%1 enthält Deklarationen, die keine NZB-Datei braucht und die schaden können, und wurde deshalb nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>%1 is damaged in line %2; download it again.</source>
+        <translation>%1 ist in Zeile %2 beschädigt; laden Sie die Datei noch einmal herunter.</translation>
+    </message>
+    <message>
+        <source>%1 breaks off in line %2; download it again.</source>
+        <translation>%1 bricht in Zeile %2 ab; laden Sie die Datei noch einmal herunter.</translation>
+    </message>
+    <message>
+        <source>%1 lists more than can be shown.</source>
+        <translation>%1 führt mehr auf, als angezeigt werden kann.</translation>
+    </message>
+    <message>
+        <source>%1 is an NZB file, but it lists no files.</source>
+        <translation>%1 ist eine NZB-Datei, führt aber keine Dateien auf.</translation>
+    </message>
+</context>
+<context>
+    <name>OutsideLink</name>
+    <message>
+        <source>The file was not opened, because its name can not be used.</source>
+        <translation>Die Datei wurde nicht geöffnet, weil ihr Name nicht verwendbar ist.</translation>
+    </message>
+    <message>
+        <source>The link was not opened, because it is damaged.</source>
+        <translation>Der Link wurde nicht geöffnet, weil er beschädigt ist.</translation>
+    </message>
+    <message>
+        <source>The link was not opened, because it leads neither to a group of files nor to a file on this computer.</source>
+        <translation>Der Link wurde nicht geöffnet, weil er weder zu einer Dateigruppe noch zu einer Datei auf diesem Rechner führt.</translation>
+    </message>
+    <message>
+        <source>The link was not opened, because it does not name a group of files.</source>
+        <translation>Der Link wurde nicht geöffnet, weil er keine Dateigruppe nennt.</translation>
     </message>
 </context>
 <context>
@@ -803,6 +998,13 @@ Erstellt mit Qt %5. Veröffentlicht unter der MIT-Lizenz.</translation>
     <message>
         <source>&amp;Reset settings</source>
         <translation>Einstellungen &amp;zurücksetzen</translation>
+    </message>
+</context>
+<context>
+    <name>SingleInstance</name>
+    <message>
+        <source>The link or file can not be opened, because its name is too long or damaged.</source>
+        <translation>Der Link oder die Datei kann nicht geöffnet werden, weil der Name zu lang oder beschädigt ist.</translation>
     </message>
 </context>
 <context>

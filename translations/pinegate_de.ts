@@ -147,4 +147,11 @@
         <translation>&lt;a href=&apos;#cp&apos;&gt;Kontoverwaltung&lt;/a&gt;</translation>
     </message>
 </context>
+<context>
+    <name>CVMessagesToolWidget</name>
+    <message>
+        <source>Messages</source>
+        <translation>Nachrichten</translation>
+    </message>
+</context>
 </TS>
