@@ -75,12 +75,12 @@ private:
 
     HJobResultHandler *m_jobResultHandler;
     QTimer *m_statusTimer;
-    CVBookmarkManager *m_bookmarkManager = nullptr; ///< a child, made by init()
-    QAction *m_aboutAction;
+    CVBookmarkManager *m_bookmarkManager = nullptr;   ///< a child, made by init()
     QPointer<CVBookmarksToolWidget> m_bookmarksPanel; ///< the main window's
     QPointer<CVMessagesToolWidget> m_messagesPanel;   ///< the main window's
     QPointer<CVInfoToolWidget> m_infoPanel;           ///< the main window's
-    QPointer<HAboutDialog> m_aboutDialog;             ///< deletes itself on close
+    QAction *m_aboutAction;
+    QPointer<HAboutDialog> m_aboutDialog; ///< deletes itself on close
     // The raw pointers say that a request is in flight; the server's queue holds further references.
     CVLoginRequest *m_loginRequest = nullptr;
     QSharedPointer<HRequest> m_loginReference;
