@@ -20,6 +20,8 @@ private Q_SLOTS:
     void aRightClickLeavesCurrentRowAndSelection();
     void aRightClickOpensNoEditorAndNoRow();
     void aRightClickAsksForOneMenuAtThePointer();
+    void aRightPressIsIgnoredWithTheLeftButtonDown();
+    void aLeftPressCountsWithTheRightButtonDown();
     void otherButtonsChooseARowAsInAnyTree_data();
     void otherButtonsChooseARowAsInAnyTree();
     void theMenuKeyMeansTheRowUnderThePointer();
@@ -38,6 +40,8 @@ private:
     /// The row of the only menu that was asked for; -1 when there was not one.
     int rowOf(const QSignalSpy &menus) const;
     void rightClick(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Presses @p button while the other one of left and right is down.
+    void pressAsSecond(Qt::MouseButton button, int row);
 
     QStringListModel m_rows;
     std::unique_ptr<BookmarkTreeView> m_view;
@@ -73,6 +77,13 @@ void TestBookmarkTreeView::rightClick(int row, Qt::KeyboardModifiers modifiers)
     pointAt(row);
     QTest::mouseClick(m_view->windowHandle(), Qt::RightButton, modifiers,
                       m_view->viewport()->mapTo(m_view.get(), middle(row)));
+}
+
+void TestBookmarkTreeView::pressAsSecond(Qt::MouseButton button, int row)
+{
+    QMouseEvent press(QEvent::MouseButtonPress, middle(row), m_view->viewport()->mapToGlobal(middle(row)),
+                      button, Qt::LeftButton | Qt::RightButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_view->viewport(), &press);
 }
 
 void TestBookmarkTreeView::aRightClickLeavesCurrentRowAndSelection_data()
@@ -119,6 +130,22 @@ void TestBookmarkTreeView::aRightClickAsksForOneMenuAtThePointer()
     rightClick(3);
     QCOMPARE(rowOf(menus), 3);
     QCOMPARE(menus.constFirst().constFirst().toPoint(), middle(3));
+}
+
+void TestBookmarkTreeView::aRightPressIsIgnoredWithTheLeftButtonDown()
+{
+    QSignalSpy pressed(m_view.get(), &QAbstractItemView::pressed);
+    pressAsSecond(Qt::RightButton, 3);
+    QCOMPARE(pressed.count(), 0);
+    QCOMPARE(m_view->currentIndex(), m_rows.index(0));
+}
+
+void TestBookmarkTreeView::aLeftPressCountsWithTheRightButtonDown()
+{
+    QSignalSpy pressed(m_view.get(), &QAbstractItemView::pressed);
+    pressAsSecond(Qt::LeftButton, 3);
+    QCOMPARE(pressed.count(), 1);
+    QCOMPARE(m_view->currentIndex(), m_rows.index(3));
 }
 
 void TestBookmarkTreeView::otherButtonsChooseARowAsInAnyTree_data()

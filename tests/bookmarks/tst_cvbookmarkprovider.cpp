@@ -101,7 +101,11 @@ void TestCVBookmarkProvider::removingTakesOneEntryAndTells()
     for (const char *name : {"b", "a", "b", "c"})
         provider->noteBookmarkAdded(QString::fromLatin1(name));
     QSignalSpy removed(provider, &BookmarkProvider::bookmarkRemoved);
+    QStringList seen; // the list is without the entry when the signal comes
+    connect(provider, &BookmarkProvider::bookmarkRemoved, this,
+            [&] { seen = provider->bookmarkedNewsgroups(); });
     provider->noteBookmarkRemoved(QStringLiteral("b"));
+    QCOMPARE(seen, provider->bookmarkedNewsgroups());
     QCOMPARE(provider->bookmarkedNewsgroups(),
              (QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
     QVERIFY(provider->isBookmarked(QStringLiteral("b")));
@@ -131,8 +135,12 @@ void TestCVBookmarkProvider::replacingAlwaysTells()
     CVBookmarkProvider *provider = store.model().provider();
     provider->noteBookmarkAdded(QStringLiteral("old"));
     QSignalSpy changed(provider, &BookmarkProvider::bookmarksChanged);
+    QStringList seen; // the list is the new one when the signal comes
+    connect(provider, &BookmarkProvider::bookmarksChanged, this,
+            [&] { seen = provider->bookmarkedNewsgroups(); });
     const QStringList names{group, QStringLiteral("x"), group};
     provider->setBookmarkedNewsgroups(names);
+    QCOMPARE(seen, names);
     QCOMPARE(provider->bookmarkedNewsgroups(), names);
     QVERIFY(!provider->isBookmarked(QStringLiteral("old")));
     QVERIFY(provider->isBookmarked(QStringLiteral("x")));

@@ -535,9 +535,10 @@ void TestCVInfoToolWidget::theLoginPageStandsFromTheUserToTheLinks()
     const QLayout *links = layout->itemAt(4)->layout();
     QCOMPARE(links->count(), 3);
     QCOMPARE(links->itemAt(0)->widget(), find<QWidget>("controlPanelRow"));
-    QVERIFY(find<QWidget>("controlPanelRow")->isAncestorOf(find<QLabel>("controlPanelLink")));
+    QCOMPARE(find<QWidget>("controlPanelRow")->layout()->itemAt(1)->widget(),
+             find<QLabel>("controlPanelLink"));
     QVERIFY(links->itemAt(1)->spacerItem());
-    QVERIFY(links->itemAt(2)->widget()->isAncestorOf(find<QLabel>("statsLink")));
+    QCOMPARE(links->itemAt(2)->widget()->layout()->itemAt(1)->widget(), find<QLabel>("statsLink"));
 }
 
 void TestCVInfoToolWidget::theLoginPageWithoutStatisticsHoldsUserAndControlPanel()
