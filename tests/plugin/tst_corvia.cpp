@@ -6,6 +6,7 @@
 
 #include <halvora/benchmark.h>
 #include <halvora/connectiongraphwidget.h>
+#include <halvora/connector.h>
 #include <halvora/core.h>
 #include <halvora/filetype.h>
 #include <halvora/haccountstatsplugin.h>
@@ -92,6 +93,7 @@ private Q_SLOTS:
     void theDownloadFolderAndTheLanguageAreSet();
     void thePluginsAreRegisteredInOrderAfterTheConnectorsInit();
     void theStatsPluginWritesUnderTheConfigurationsName();
+    void theAccountsStatisticsAreThoseOfTheConnector();
     void theHostsQuestionsReachTheConnectorPlugin();
 
 private:
@@ -251,6 +253,14 @@ void TestCorvia::theStatsPluginWritesUnderTheConfigurationsName()
     stats->poll();
     m_core->plugin()->clear();
     QVERIFY(QFile::exists(m_core->storage()->dataDirectory() + QStringLiteral("/traffic-pinegate.log")));
+}
+
+void TestCorvia::theAccountsStatisticsAreThoseOfTheConnector()
+{
+    m_root->init(m_benchmark);
+    m_root->connectorPlugin()->connector()->setAccount(QStringLiteral("demo"), QStringLiteral("pinegate"));
+    const auto *statistics = dynamic_cast<HAccountStatsPlugin *>(m_core->plugin()->plugins().at(4));
+    QVERIFY(statistics->title().contains(QLatin1String("demo")));
 }
 
 void TestCorvia::theHostsQuestionsReachTheConnectorPlugin()
