@@ -10,6 +10,7 @@
 #include <halvora/hmessage.h>
 #include <halvora/hmessagemanager.h>
 #include <halvora/hpixmaps.h>
+#include <halvora/linkopener.h>
 #include <halvora/stringformat.h>
 
 #include <QHeaderView>
@@ -28,8 +29,8 @@ private Q_SLOTS:
     void cleanup();
     void theDockCanBeMovedAndFloatedButNotClosed();
     void theContentHoldsTheViewAlone();
-    void theViewLooksAsAgreed();
-    void theColumnsAreAsWideAsAgreed();
+    void theViewIsAPlainListWithoutAHeader();
+    void theTextStretchesBesideDateAndCross();
     void theTextTakesTheRoomThatIsLeft();
     void theTitleFollowsTheLanguage();
     void slotsAreKnownByTheirNames();
@@ -107,7 +108,7 @@ void TestCVMessagesToolWidget::theContentHoldsTheViewAlone()
     QCOMPARE(content->layout()->itemAt(0)->widget(), static_cast<QWidget *>(m_panel->view()));
 }
 
-void TestCVMessagesToolWidget::theViewLooksAsAgreed()
+void TestCVMessagesToolWidget::theViewIsAPlainListWithoutAHeader()
 {
     const MessageTreeView *view = m_panel->view();
     QCOMPARE(view->style(), m_panel->account().core().systemStyle());
@@ -121,7 +122,7 @@ void TestCVMessagesToolWidget::theViewLooksAsAgreed()
     QVERIFY(qobject_cast<CVMessageItemDelegate *>(view->itemDelegate()));
 }
 
-void TestCVMessagesToolWidget::theColumnsAreAsWideAsAgreed()
+void TestCVMessagesToolWidget::theTextStretchesBesideDateAndCross()
 {
     const QHeaderView *header = m_panel->view()->header();
     QCOMPARE(header->count(), 3);
@@ -168,7 +169,7 @@ void TestCVMessagesToolWidget::theTitleFollowsTheLanguage()
 
 void TestCVMessagesToolWidget::slotsAreKnownByTheirNames()
 {
-    const QMetaObject *meta = m_panel->dock()->metaObject();
+    const QMetaObject *meta = m_panel->content()->metaObject();
     QStringList names;
     for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
         QCOMPARE(meta->method(i).methodType(), QMetaMethod::Slot);
@@ -225,12 +226,12 @@ void TestCVMessagesToolWidget::openingStartsTheReadTimeAnew()
 {
     m_panel->fill(2);
     m_panel->readTimer().setTimerType(Qt::PreciseTimer);
-    m_panel->dock()->showMessage(m_panel->cell(0));
+    m_panel->content()->showMessage(m_panel->cell(0));
     QTRY_VERIFY_WITH_TIMEOUT(m_panel->readTimer().remainingTime() < 4'900, 60'000);
     QTimer other;
     other.setTimerType(Qt::PreciseTimer);
     other.start(5'000);
-    m_panel->dock()->showMessage(m_panel->cell(0));
+    m_panel->content()->showMessage(m_panel->cell(0));
     const int remaining = m_panel->readTimer().remainingTime();
     QVERIFY(remaining >= other.remainingTime());
 }
@@ -239,28 +240,30 @@ void TestCVMessagesToolWidget::aRowWithoutAMessageOpensNothing()
 {
     m_panel->fill(1);
     const QStringListModel longer({QString(), QString(), QString()});
-    m_panel->dock()->showMessage(longer.index(2));
+    m_panel->content()->showMessage(longer.index(2));
     QVERIFY(m_panel->opened().isEmpty());
     QVERIFY(m_panel->readTimer().isActive());
 }
 
 void TestCVMessagesToolWidget::aMessageWithoutALinkIsReadLikeOthers()
 {
+    const QSignalSpy refused(&m_panel->account().core().links(), &LinkOpener::refused);
     m_panel->receive(numberedMessage(0, true, false));
     m_panel->click(0);
     QVERIFY(m_panel->opened().isEmpty());
     m_panel->endReadTime();
     QVERIFY(m_panel->message(0).isRead());
+    QVERIFY(refused.isEmpty()); // nobody asked for a link
 }
 
 void TestCVMessagesToolWidget::anInvalidIndexIsIgnored()
 {
     m_panel->fill(2);
-    m_panel->dock()->showMessage({});
-    m_panel->dock()->messageClicked({});
+    m_panel->content()->showMessage({});
+    m_panel->content()->messageClicked({});
     QVERIFY(!m_panel->readTimer().isActive());
-    m_panel->dock()->showMessage(m_panel->cell(0));
-    m_panel->dock()->deleteMessage({});
+    m_panel->content()->showMessage(m_panel->cell(0));
+    m_panel->content()->deleteMessage({});
     QVERIFY(m_panel->readTimer().isActive());
     QCOMPARE(m_panel->uids().size(), 2);
     QVERIFY(!m_panel->isReporting());
@@ -282,7 +285,7 @@ void TestCVMessagesToolWidget::theMessageThatIsCurrentAtTheEndIsRead()
 void TestCVMessagesToolWidget::withoutACurrentMessageNothingIsRead()
 {
     m_panel->fill(2);
-    m_panel->dock()->showMessage(m_panel->cell(0));
+    m_panel->content()->showMessage(m_panel->cell(0));
     m_panel->view()->setCurrentIndex({});
     m_panel->endReadTime();
     QVERIFY(!m_panel->readTimer().isActive());
@@ -359,7 +362,7 @@ void TestCVMessagesToolWidget::otherKeysOpenAndDeleteNothing()
         m_panel->view()->setCurrentIndex(m_panel->cell(1, column));
         QTest::keyClick(m_panel->view(), Qt::Key(key));
         QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        QVERIFY(!m_panel->dock()->eventFilter(m_panel->view(), &event));
+        QVERIFY(!m_panel->content()->eventFilter(m_panel->view(), &event));
     }
     QVERIFY(m_panel->opened().isEmpty());
     QVERIFY(!m_panel->readTimer().isActive());
@@ -372,7 +375,7 @@ void TestCVMessagesToolWidget::returnWithoutACurrentMessageIsLeftToTheView()
     m_panel->fill(2);
     m_panel->view()->setCurrentIndex({});
     QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    QVERIFY(!m_panel->dock()->eventFilter(m_panel->view(), &event));
+    QVERIFY(!m_panel->content()->eventFilter(m_panel->view(), &event));
     QVERIFY(m_panel->opened().isEmpty());
 }
 
@@ -382,10 +385,10 @@ void TestCVMessagesToolWidget::onlyKeyPressesOfTheViewAreTaken()
     m_panel->view()->setCurrentIndex(m_panel->cell(0));
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QKeyEvent release(QEvent::KeyRelease, Qt::Key_Return, Qt::NoModifier);
-    QVERIFY(!m_panel->dock()->eventFilter(m_panel->content(), &press));
-    QVERIFY(!m_panel->dock()->eventFilter(m_panel->view(), &release));
+    QVERIFY(!m_panel->content()->eventFilter(m_panel->content(), &press));
+    QVERIFY(!m_panel->content()->eventFilter(m_panel->view(), &release));
     QVERIFY(m_panel->opened().isEmpty());
-    QVERIFY(m_panel->dock()->eventFilter(m_panel->view(), &press));
+    QVERIFY(m_panel->content()->eventFilter(m_panel->view(), &press));
 }
 
 void TestCVMessagesToolWidget::newMessagesShowAHiddenPanel()

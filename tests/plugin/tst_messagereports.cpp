@@ -68,7 +68,7 @@ void TestMessageReports::erase(int number)
 {
     const int row = m_panel->uids().indexOf(QStringLiteral("m%1").arg(number));
     QVERIFY(row >= 0);
-    m_panel->dock()->deleteMessage(m_panel->cell(row));
+    m_panel->content()->deleteMessage(m_panel->cell(row));
 }
 
 void TestMessageReports::read(int number)
@@ -131,7 +131,7 @@ void TestMessageReports::readAndDeletedMessagesLeaveTogether()
     CVMessagesToolWidgetPrivate *content = m_panel->content();
     content->pendingDeleted = QStringList({QStringLiteral("c"), QStringLiteral("d")});
     content->pendingRead = QStringList({QStringLiteral("b"), QStringLiteral("a")});
-    m_panel->dock()->sendMessageStatus();
+    m_panel->content()->sendMessageStatus();
     QVERIFY(content->pendingRead.isEmpty());
     QVERIFY(content->pendingDeleted.isEmpty());
     expect({QStringLiteral("read b a deleted c d")});
@@ -145,7 +145,7 @@ void TestMessageReports::aThousandDeletionsLeaveTogether()
     QStringList uids;
     for (int number = 0; number <= count; ++number) {
         uids.append(QStringLiteral("m%1").arg(number));
-        m_panel->dock()->deleteMessage(m_panel->cell(0));
+        m_panel->content()->deleteMessage(m_panel->cell(0));
     }
     const QString first = uids.takeFirst();
     expect({QLatin1String("deleted ") + first, QLatin1String("deleted ") + uids.join(QLatin1Char(' '))});
@@ -170,7 +170,7 @@ void TestMessageReports::anotherReportFollowsTheOneBefore()
 
 void TestMessageReports::nothingIsSentWithoutCause()
 {
-    m_panel->dock()->sendMessageStatus();
+    m_panel->content()->sendMessageStatus();
     QVERIFY(!m_panel->isReporting());
     expect({});
 }

@@ -118,7 +118,8 @@ bool ConnectorPlugin::isSearchAllowed() const
 
 void ConnectorPlugin::openUrl(const UrlInfo &url)
 {
-    m_core->links().open(url.url());
+    if (!url.isNull())
+        m_core->links().open(url.url());
 }
 
 QAction *ConnectorPlugin::statusAction() const

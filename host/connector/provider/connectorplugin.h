@@ -94,7 +94,7 @@ public:
     virtual QString detailsUrl(const HStorageId &id) const = 0;
     virtual QString urlScheme() const = 0;
     /// Opens absolute http and https links with a host and without user information; anything else is
-    /// refused with a sentence in the status bar.
+    /// refused with a sentence in the status bar. A null one does nothing.
     virtual void openUrl(const UrlInfo &url);
     virtual QList<HServerAddress> serverAddresses() const = 0;
     virtual bool addressFlag() const = 0;
