@@ -7,6 +7,7 @@
 
 #include <halvora/connector.h>
 #include <halvora/hserver.h>
+#include <halvora/nzbloader.h>
 
 #include <QAbstractItemModelTester>
 #include <QAccessible>
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void whatCanNotBeShownIsToldWithTheNameOfTheFile();
     void aFailureReplacesWhatWasThere();
     void anotherFileTakesThePlaceOfOneThatIsRead();
+    void aGroupTakesThePlaceOfAFileThatIsRead();
     void aFileFollowsAFailure();
     void columnsSort_data();
     void columnsSort();
@@ -286,6 +288,21 @@ void TestDetailsDock::anotherFileTakesThePlaceOfOneThatIsRead()
     m_dock->showFile(many);
     QTRY_COMPARE_WITH_TIMEOUT(label("detailsTitle"), QStringLiteral("many.nzb"), longest);
     QCOMPARE(view()->model()->rowCount(), 1000 / sanitizedShare);
+}
+
+void TestDetailsDock::aGroupTakesThePlaceOfAFileThatIsRead()
+{
+    const QString many = write(nzbtext::many(1000 / sanitizedShare, 100));
+    m_dock->showFile(many);
+    m_dock->showFileGroup(HStorageId());
+    int read = 0;
+    NzbLoader other;
+    connect(&other, &NzbLoader::loaded, this, [&read] { ++read; });
+    for (int times = 1; times <= 3; ++times) {
+        other.load(many);
+        QTRY_COMPARE_WITH_TIMEOUT(read, times, longest);
+    }
+    QCOMPARE(message(), QStringLiteral("The link names no group of files."));
 }
 
 void TestDetailsDock::aFileFollowsAFailure()

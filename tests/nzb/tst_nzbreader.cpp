@@ -192,6 +192,7 @@ void TestNzbReader::whatIsMissingStaysUnknown_data()
     row("", "", "", -1, 3, false);
     row("subject=' ' date=''", "bytes=''", "", -1, 3, false);
     row("date='-1'", "bytes='-7'", "", -1, 3, false);
+    row("date='-5'", "bytes='-1'", "", -1, 3, false);
     row("date='soon'", "bytes='7 KB'", "", -1, 3, false);
     row("date='1.5'", "bytes='0x10'", "", -1, 3, false);
     row("date='99999999999999999999'", "bytes='99999999999999999999'", "", -1, 3, false);
