@@ -64,7 +64,7 @@ OutsideLink OutsideLink::parse(const QString &text, const QString &ownScheme)
     if (!hasScheme(text))
         return localFile(text);
     const QUrl url(text, QUrl::StrictMode);
-    if (!ownScheme.isEmpty() && url.scheme() == ownScheme.toLower())
+    if (url.scheme() == ownScheme.toLower())
         return parseOwn(url);
     if (url.isLocalFile() && isLocal(url))
         return localFile(url.path(QUrl::FullyDecoded));
