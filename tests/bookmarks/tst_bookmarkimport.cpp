@@ -142,7 +142,7 @@ void TestBookmarkImport::atTheLogin(const std::function<void()> &action)
 
 void TestBookmarkImport::waitForTheQueue()
 {
-    // What the service received has not been delivered yet; requests are delivered in the order they were sent.
+    // What the service received is still on its way; requests are delivered in the order they were sent.
     const QSharedPointer<HRequest> last(new CVStatusRequest(m_plugin->connector()));
     const QSignalSpy delivered(last.data(), &HRequest::requestFinished);
     server().addRequestToQueue(last);
