@@ -72,6 +72,8 @@ private Q_SLOTS:
     void errorsBringMessagesOnlyIntoTheirSession();
     void aRefusedLoginBringsNothing();
     void messagesOfARequestGoToTheAccountThatSentIt();
+    void messagesOfALoginGoToTheAccountThatSentIt();
+    void aReplyOfAnEarlierSessionBringsNothing();
     void badMessagesDoNotKeepTheGoodOnesAway();
 
 private:
@@ -308,6 +310,37 @@ void MessageDeliveryTest::messagesOfARequestGoToTheAccountThatSentIt()
     QTRY_COMPARE_WITH_TIMEOUT(uids(), QStringLiteral("later new middle old"), patience);
     QVERIFY(m_account->logIn());
     QCOMPARE(uids(), QStringLiteral("new"));
+}
+
+void MessageDeliveryTest::messagesOfALoginGoToTheAccountThatSentIt()
+{
+    m_account->setFault(Fault::Kind::Delay, 100);
+    const QSharedPointer<TestLogin> login(new TestLogin(&m_account->connector()));
+    QSignalSpy finished(login.data(), &HRequest::requestFinished);
+    connect(login.data(), &HRequest::requestFinished, this,
+            [this, request = login.data()] { m_account->plugin().applyLogin(request); });
+    m_account->server().addRequestToQueue(login);
+    QTRY_COMPARE_WITH_TIMEOUT(m_account->requestCount(), 1, patience);
+    m_account->connector().setAccount(QStringLiteral("other"), QStringLiteral("pinegate"));
+    QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, patience);
+    QCOMPARE(login->userName(), QStringLiteral("demo"));
+    QCOMPARE(uids(), QStringLiteral("new middle old"));
+    QVERIFY(m_account->logIn());
+    QCOMPARE(uids(), QStringLiteral("new"));
+}
+
+void MessageDeliveryTest::aReplyOfAnEarlierSessionBringsNothing()
+{
+    QVERIFY(m_account->logIn());
+    QSignalSpy received(&m_account->server(), &HServer::messagesReceived);
+    m_account->service().addMessage("demo", serviceMessage("later", "Later"));
+    const auto request = ask();
+    QSignalSpy finished(request.data(), &HRequest::requestFinished);
+    connect(request.data(), &HRequest::requestFinished, this,
+            [this] { m_account->server().logIn(QStringLiteral("another-session")); });
+    QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, patience);
+    QVERIFY(request->isSuccessful());
+    QCOMPARE(received.size(), 0);
 }
 
 void MessageDeliveryTest::badMessagesDoNotKeepTheGoodOnesAway()

@@ -172,6 +172,7 @@ void MessageReaderTest::linksAreKeptAsGivenOrLeftOut_data()
     QTest::newRow("relative") << QStringLiteral("news/today") << true;
     QTest::newRow("none") << QString() << false;
     QTest::newRow("a blank before it") << QStringLiteral(" https://www.corvia.example/") << false;
+    QTest::newRow("a percent sign alone") << QStringLiteral("https://www.corvia.example/100%") << false;
     QTest::newRow("no port") << QStringLiteral("https://www.corvia.example:port/") << false;
     QTest::newRow("long") << QStringLiteral("https://") + QString(2'040, QLatin1Char('a')) << false;
 }
