@@ -39,7 +39,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "halvora (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), qtbase5-dev (>= 5.15)")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "SDK for plug-ins of the Usenet client Halvora\n\
-Headers and CMake files for building provider plug-ins.")
+Headers and CMake files for building provider plug-ins. A plug-in logs its\n\
+users in to their provider, shows their account and keeps their bookmarks.")
 
 add_custom_command(OUTPUT changelog.Debian.gz DEPENDS data/debian/changelog VERBATIM
                    COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/data/debian/changelog > changelog.Debian.gz)

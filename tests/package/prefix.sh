@@ -19,6 +19,7 @@ if grep -rlF -e "$root" -e 'first prefix' "$out/prefix"; then
 fi
 find "$out/prefix" -type f \( -name '*.so*' -o -path '*/bin/*' \) | while read -r file; do
     path=$(readelf -d "$file" | sed -n 's/.*R\(UN\)\?PATH.*\[\(.*\)\]/\2/p')
+    # shellcheck disable=SC2016 # the loader reads it
     case $path in
     '' | '$ORIGIN' | '$ORIGIN/'*) ;;
     *) fail "$file searches $path" ;;
