@@ -128,11 +128,11 @@
     </message>
     <message>
         <source>Used bytes (billing cycle):</source>
-        <translation>Verbraucht (Abrechnungszeitraum):</translation>
+        <translation>Verbrauch (Abrechnung):</translation>
     </message>
     <message>
         <source>Used bytes (this month):</source>
-        <translation>Verbraucht (dieser Monat):</translation>
+        <translation>Verbrauch (Monat):</translation>
     </message>
     <message>
         <source>Max connections:</source>

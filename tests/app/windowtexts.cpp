@@ -80,8 +80,18 @@ bool isCutOff(const QWidget &widget)
         return !button->text().isEmpty() && button->width() < button->sizeHint().width();
     if (const auto *dock = qobject_cast<const QDockWidget *>(&widget))
         return dock->width() < dock->fontMetrics().horizontalAdvance(dock->windowTitle());
-    const bool isBar = qobject_cast<const QTabBar *>(&widget) || qobject_cast<const QMenuBar *>(&widget);
-    return isBar && widget.width() < widget.sizeHint().width();
+    return qobject_cast<const QMenuBar *>(&widget) && widget.width() < widget.sizeHint().width();
+}
+
+void addCutTabs(const QTabBar &tabs, Words *words)
+{
+    // One that stands alone is not shown.
+    for (int i = 0; tabs.count() > 1 && i < tabs.count(); ++i) {
+        const QRect tab = tabs.tabRect(i);
+        const int needed = tabs.fontMetrics().size(Qt::TextShowMnemonic, tabs.tabText(i)).width();
+        if (tab.width() < needed || tab.right() >= tabs.width())
+            words->insert(tabs.tabText(i));
+    }
 }
 
 void addCutSections(const QHeaderView &header, Words *words)
@@ -152,6 +162,8 @@ QStringList WindowTexts::cutOff(const QWidget &window)
             words.insert(QStringLiteral("%1 %2: %3")
                              .arg(QLatin1String(widget->metaObject()->className()), widget->objectName(),
                                   widget->property("text").toString()));
+        if (const auto *tabs = qobject_cast<const QTabBar *>(widget))
+            addCutTabs(*tabs, &words);
         if (const auto *header = qobject_cast<const QHeaderView *>(widget))
             addCutSections(*header, &words);
     }
