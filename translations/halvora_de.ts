@@ -270,11 +270,6 @@
         <translation>Öffnen Sie eine NZB-Datei, um ihren Inhalt zu sehen.</translation>
     </message>
     <message>
-        <source>at least 1,000 bytes</source>
-        <comment>as wide as a size gets</comment>
-        <translation>mindestens 1.000 Byte</translation>
-    </message>
-    <message>
         <source>Segments</source>
         <translation>Segmente</translation>
     </message>
@@ -309,6 +304,11 @@
     <message>
         <source>Files</source>
         <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>1,000 bytes</source>
+        <comment>as wide as a size usually gets</comment>
+        <translation>1.000 Byte</translation>
     </message>
 </context>
 <context>
@@ -346,11 +346,6 @@
         <translation>mindestens %1</translation>
     </message>
     <message>
-        <source>%1 – %2</source>
-        <comment>from one time to another</comment>
-        <translation>%1 – %2</translation>
-    </message>
-    <message>
         <source>%1 and %2 more</source>
         <comment>newsgroups</comment>
         <translation>%1 und %2 weitere</translation>
@@ -374,6 +369,11 @@
     <message>
         <source>Newsgroups: %1</source>
         <translation>Newsgroups: %1</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <comment>from one day to another</comment>
+        <translation>%1 – %2</translation>
     </message>
 </context>
 <context>
