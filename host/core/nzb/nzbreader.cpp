@@ -56,7 +56,7 @@ NzbFailure open(const QString &path, QFile &file)
     struct stat status = {};
     if (stat(name.constData(), &status) != 0)
         return systemFailure(errno);
-    const NzbFailure failure = look(status);
+    NzbFailure failure = look(status);
     if (!failure.isNull())
         return failure;
     const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);

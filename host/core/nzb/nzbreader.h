@@ -16,7 +16,7 @@ public:
         NzbFailure failure;
     };
 
-    static constexpr qint64 mostBytes = 256 * 1024 * 1024;
+    static constexpr qint64 mostBytes = qint64(256) * 1024 * 1024;
 
     /// Reads the file at @p path, which must be an ordinary one; anything else is refused without waiting for
     /// it. Ends soon with NzbFailure::Kind::Interrupted after @p stop became true.
