@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "privatebus.h"
+#include "messagenotifier.h"
 #include "recordingdesktop.h"
 #include "runningprogram.h"
 
@@ -16,6 +17,7 @@
 #include <QDockWidget>
 #include <QListView>
 #include <QPushButton>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -70,12 +72,15 @@ void TestMessageNotification::init()
     m_program->open();
     m_program->application().core()->locale()->setTranslationDirectories({QStringLiteral(CATALOGUES)});
     QVERIFY(m_program->application().core()->locale()->setLanguage(QStringLiteral("en")));
+    // The messages that come with the login are none that a test brings.
+    QSettings &settings = m_program->application().core()->settings();
+    MessageNotifier::setWanted(settings, false);
     m_program->logIn(QStringLiteral("demo"), QStringLiteral("pinegate"));
     QTRY_COMPARE_WITH_TIMEOUT(m_program->server().connectorState(), HServer::Connected, patience);
     QTRY_VERIFY_WITH_TIMEOUT(!m_program->find<QDialog>("LoginDialog"), patience);
-    // The messages that came with the login are none that a test brings.
     QTRY_VERIFY_WITH_TIMEOUT(
         m_program->application().connectorPlugin()->connector()->messages()->rowCount() > 0, patience);
+    MessageNotifier::reset(settings);
     lookElsewhere();
     m_desktop->shown.clear();
 }

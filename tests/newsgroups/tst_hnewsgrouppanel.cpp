@@ -85,7 +85,9 @@ public:
     bool isEmpty() const override { return false; }
     QString translate(const char *context, const char *text, const char *, int) const override
     {
-        return QByteArray(context).startsWith('Q') ? QString() : QString::fromUtf8(text).toUpper();
+        const QString loud =
+            QString::fromUtf8(text).toUpper().replace(QLatin1String("%LN"), QLatin1String("%Ln"));
+        return QByteArray(context).startsWith('Q') ? QString() : loud;
     }
 };
 
