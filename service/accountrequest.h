@@ -20,7 +20,7 @@ struct AccountRequest {
     std::string password;
     std::vector<std::string> readUids;    ///< Of the messages that the user has read.
     std::vector<std::string> deletedUids; ///< Of the messages that the user has deleted.
-    std::string fileGroup; ///< Of details.
+    std::string fileGroup;                ///< Of details.
 
     /// Reads `body`, which may be anything, by `schema`.
     static AccountRequest read(const std::string &body, const Schema &schema);
