@@ -153,7 +153,9 @@ void MessageDeliveryTest::aReplyWithoutMessagesIsNoNews()
     QVERIFY(m_account->logIn());
     QSignalSpy received(&m_account->server(), &HServer::messagesReceived);
     const auto request = ask();
-    QTRY_VERIFY_WITH_TIMEOUT(request->isSuccessful(), patience);
+    const QSignalSpy finished(request.data(), &HRequest::requestFinished);
+    QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, patience);
+    QVERIFY(request->isSuccessful());
     QCOMPARE(received.size(), 0);
 }
 

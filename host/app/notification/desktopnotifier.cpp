@@ -50,10 +50,13 @@ DesktopNotifier::DesktopNotifier(const QDBusConnection &bus, QObject *parent)
     , m_bus(bus)
 {
     // From anybody: the bus would have to be waited for to say who the service is.
+    // Qt finds a slot faster by its name without blanks.
+    // clang-format off
     m_bus.connect(QString(), path(), service(), QStringLiteral("ActionInvoked"), this,
-                  SLOT(actionInvoked(uint, QString, QDBusMessage)));
+                  SLOT(actionInvoked(uint,QString,QDBusMessage)));
     m_bus.connect(QString(), path(), service(), QStringLiteral("NotificationClosed"), this,
-                  SLOT(notificationClosed(uint, uint, QDBusMessage)));
+                  SLOT(notificationClosed(uint,uint,QDBusMessage)));
+    // clang-format on
 }
 
 void DesktopNotifier::notify(const QString &title, const QString &body)

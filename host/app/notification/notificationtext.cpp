@@ -27,7 +27,7 @@ QString NotificationText::plainLine(const QString &text, int most)
 {
     QString line;
     // A few times as much as is shown, because some of it goes; nobody reads a million characters.
-    const QVector<uint> characters = text.left(most * 4).toUcs4();
+    const QVector<uint> characters = text.leftRef(most * 4).toUcs4();
     for (const uint character : characters) {
         if (isBlank(character))
             line += QLatin1Char(' ');
