@@ -42,5 +42,5 @@ QIcon colorSwatchIcon(const QColor &color)
     painter.setBrush(opaque);
     painter.drawRoundedRect(0, 0, pixmap.width(), pixmap.height(), 2.0, 2.0, Qt::AbsoluteSize);
     painter.end();
-    return QIcon(pixmap);
+    return {pixmap};
 }
