@@ -38,8 +38,6 @@ public:
     /// What a later start of the program wants: the window in front and, unless it is empty, @p argument
     /// opened.
     void answerCall(const QString &argument);
-    /// Shows the window before all others, as far as the desktop lets a program do that.
-    void bringToFront();
     /// Opens what another program or the desktop asks for: a link to a group of files or a local file, given
     /// as a link or an absolute path. Anything else is refused with a sentence in the status bar.
     void openFromOutside(const QString &text);

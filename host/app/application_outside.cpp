@@ -21,17 +21,9 @@ QString Application::ownScheme() const
 
 void Application::answerCall(const QString &argument)
 {
-    bringToFront();
+    m_window->bringToFront();
     if (!argument.isEmpty())
         openFromOutside(argument);
-}
-
-void Application::bringToFront()
-{
-    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
-    m_window->show();
-    m_window->raise();
-    m_window->activateWindow();
 }
 
 void Application::openFromOutside(const QString &text)

@@ -87,10 +87,7 @@ void MessageNotifier::rememberAll()
 
 void MessageNotifier::showMessages()
 {
-    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
-    m_window->show();
-    m_window->raise();
-    m_window->activateWindow();
+    m_window->bringToFront();
     // The provider made the panel; here it is known by what it shows.
     const QList<QDockWidget *> panels = m_window->findChildren<QDockWidget *>();
     for (QDockWidget *panel : panels) {

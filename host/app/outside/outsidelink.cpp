@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "outsidelink.h"
 
+#include <halvora/hdetailsrequest.h>
+
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -11,8 +13,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr int longestId = 200; // characters
 
 bool hasControlCharacters(const QString &text)
 {
@@ -30,12 +30,6 @@ bool isLocal(const QUrl &url)
 {
     return url.isValid() && (url.host().isEmpty() || url.host() == QLatin1String("localhost")) &&
            !url.hasQuery() && !url.hasFragment() && url.userInfo().isEmpty() && url.port() == -1;
-}
-
-bool isId(const QString &text)
-{
-    static const QRegularExpression id(QStringLiteral("\\A[A-Za-z0-9._-]+\\z"));
-    return text.size() <= longestId && id.match(text).hasMatch();
 }
 
 } // namespace
@@ -79,11 +73,12 @@ OutsideLink OutsideLink::parseOwn(const QUrl &url)
                                 !url.hasFragment();
     const auto items = QUrlQuery(url).queryItems(QUrl::FullyDecoded);
     const bool namesOne = items.size() == 1 && items.constFirst().first == QLatin1String("filegroup");
-    if (!asksForDetails || !namesOne || !isId(items.constFirst().second))
+    const HStorageId id(namesOne ? items.constFirst().second : QString());
+    if (!asksForDetails || !HDetailsRequest::isAcceptable(id))
         return refused(tr("The link was not opened, because it does not name a group of files."));
     OutsideLink link;
     link.m_kind = FileGroup;
-    link.m_fileGroup = HStorageId(items.constFirst().second);
+    link.m_fileGroup = id;
     return link;
 }
 

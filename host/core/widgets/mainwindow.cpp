@@ -153,6 +153,14 @@ void MainWindow::restoreLayout()
     m_notice->setVisible(told);
 }
 
+void MainWindow::bringToFront()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
 QMenu *MainWindow::createPopupMenu()
 {
     auto *menu = new QMenu(this);

@@ -59,6 +59,8 @@ public:
 
     /// Goes back to the place, size and panels of the last run; to be called when all panels were added.
     void restoreLayout();
+    /// Shows the window before all others, as far as the desktop lets a program do that.
+    void bringToFront();
 
     /// The entries for the panels, as the View menu has them.
     QMenu *createPopupMenu() override;
