@@ -8,35 +8,21 @@ bool SiblingOrders::holds(qint64 id, int place) const
     return found != m_places.constEnd() && *found == place;
 }
 
+// While an item is moved two lists hold its row, so a new place in one of them may unsettle the other.
 bool SiblingOrders::note(qint64 id, int place)
 {
     if (id < 1)
         return false;
-    const bool isFirst = !m_places.contains(id);
+    if (m_places.contains(id))
+        unsettle();
     m_places[id] = place;
-    return isFirst;
+    return true;
 }
 
 void SiblingOrders::forget(qint64 id)
 {
     if (m_places.remove(id) > 0)
         unsettle();
-}
-
-int SiblingOrders::settled(const BookmarkItem *parent) const
-{
-    return parent == m_settledParent ? m_settledCount : 0;
-}
-
-void SiblingOrders::settle(const BookmarkItem *parent, int count)
-{
-    m_settledParent = parent;
-    m_settledCount = count;
-}
-
-void SiblingOrders::unsettle()
-{
-    m_settledCount = 0;
 }
 
 void SiblingOrders::forget()

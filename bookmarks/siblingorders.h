@@ -12,27 +12,25 @@ class BookmarkItem;
 class SiblingOrders {
 public:
     bool holds(qint64 id, int place) const;
-    /// @p place, which holds() denied, was stored for @p id. False when a list with this item can not be
-    /// settled yet: the id is no row's, or the row had another place, which it has to get again where the
-    /// list holds it twice.
+    /// @p place, which holds() denied, was stored for @p id. False when the id is no row's, so that nothing
+    /// can be known of it.
     bool note(qint64 id, int place);
     /// A row was inserted with @p id. There may have been one before it that a failure took back, and whose
     /// item still had its place written, to no effect.
     void forget(qint64 id);
 
     /// The number of leading items of the list below @p parent (null for the top level) that need no look.
-    int settled(const BookmarkItem *parent) const;
-    /// The list below @p parent was just written, and its first @p count items are at their places. Only the
-    /// list that was written last is remembered: writing another may have moved rows that stand in both.
-    void settle(const BookmarkItem *parent, int count);
+    int settled(const BookmarkItem *parent) const { return m_settled.value(parent); }
+    /// The list below @p parent was just written, and its first @p count items are at their places: they stay
+    /// there until a list changes otherwise than at its end, or a row that is known is given another place.
+    void settle(const BookmarkItem *parent, int count) { m_settled[parent] = count; }
     /// A list changed otherwise than at its end.
-    void unsettle();
+    void unsettle() { m_settled.clear(); }
 
     /// Forgets everything, for when it is not known what was stored.
     void forget();
 
 private:
     QHash<qint64, int> m_places;
-    const BookmarkItem *m_settledParent = nullptr; ///< only compared; it may be gone
-    int m_settledCount = 0;
+    QHash<const BookmarkItem *, int> m_settled; ///< the parents are only compared; they may be gone
 };

@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkstore.h"
+#include "dragdata.h"
+#include "sqlitefile.h"
 #include "statementlog.h"
 #include "words.h"
 
 #include "bookmarks/bookmarkitem.h"
 #include "bookmarks/cvbookmarkprovider.h"
+#include "bookmarks/siblingorders.h"
 #include "plugin/constants.h"
 
 #include <halvora/storagemanager.h>
@@ -38,6 +41,8 @@ private Q_SLOTS:
     void onlyPlacesThatAreStoredAreLeftOut();
     void aLoadedRowIsWrittenOnceBeforeItIsKnown();
     void aFailedStatementMakesEverythingUnknown();
+    void aRowThatTwoListsHoldIsWrittenInEither();
+    void listsThatAreWrittenInTurnStayKnown();
     void foldersAndBookmarksStoreTheirNamesApart();
     void removalLeavesAGapUntilTheNextWrite();
     void loadingSortsByTheStoredPlaces();
@@ -231,6 +236,37 @@ void TestBookmarkDatabase::aFailedStatementMakesEverythingUnknown()
     StatementLog log;
     store.model().renumberChildren(folder);
     QCOMPARE(log.take().filter(QStringLiteral("bookmark_order=")).size(), 2);
+}
+
+// While an item is moved the old one and the fresh one have the same row, each in a list of its own.
+void TestBookmarkDatabase::aRowThatTwoListsHoldIsWrittenInEither()
+{
+    BookmarkStore store;
+    store.model().addBookmarks(words("moved b"), store.addFolder(QStringLiteral("from")));
+    store.model().addBookmarks(words("c d"), store.addFolder(QStringLiteral("to")));
+    const auto data = dragdata::record(0, 2, 1, QStringLiteral("moved"));
+    QVERIFY(store.model().dropMimeData(data.get(), Qt::MoveAction, 2, 0, store.at({1})));
+    store.model().setData(store.at({0, 1}), QStringLiteral("b2"));
+    QCOMPARE(store.rows().at(1).last(), QStringLiteral("0"));
+    store.model().setData(store.at({1, 0}), QStringLiteral("c2"));
+    QCOMPARE(store.rows().at(1).last(), QStringLiteral("2"));
+    store.model().setData(store.at({0, 1}), QStringLiteral("b3"));
+    QCOMPARE(store.rows().at(1).last(), QStringLiteral("0"));
+}
+
+void TestBookmarkDatabase::listsThatAreWrittenInTurnStayKnown()
+{
+    SiblingOrders orders;
+    const BookmarkItem one(BookmarkKind::Folder, nullptr);
+    for (int place = 0; place < 2; ++place)
+        QVERIFY(orders.note(1 + place, place));
+    orders.settle(nullptr, 2);
+    QVERIFY(orders.note(7, 0));
+    orders.settle(&one, 1);
+    QCOMPARE(orders.settled(nullptr), 2);
+    QCOMPARE(orders.settled(&one), 1);
+    QVERIFY(orders.note(7, 1));
+    QCOMPARE(orders.settled(nullptr), 0);
 }
 
 void TestBookmarkDatabase::foldersAndBookmarksStoreTheirNamesApart()
