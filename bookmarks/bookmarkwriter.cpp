@@ -59,6 +59,8 @@ void BookmarkWriter::writeRow(const QSqlDatabase &database, BookmarkItem *item)
     const QVariant name = item->isFolder() ? item->name() : nullText;
     const QVariant newsgroup = item->isFolder() ? nullText : item->name();
     const bool expanded = item->isFolder() && item->isExpanded();
+    if (item->parent())
+        m_parents.add(item->parent()->id());
     if (item->hasId()) {
         run(m_update, database, {parentId, name, newsgroup, item->color(), expanded, item->id()});
         return;

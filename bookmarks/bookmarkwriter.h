@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "bookmarks/parentids.h"
 #include "bookmarks/preparedstatement.h"
 #include "bookmarks/siblingorders.h"
 
@@ -33,6 +34,10 @@ public:
     /// To be called when rows changed otherwise than through this object.
     void forgetOrders() { m_orders.forget(); }
 
+    /// Holds the parents that were written through this object; those that the file had before are added by
+    /// the caller.
+    ParentIds &parents() { return m_parents; }
+
 private:
     bool run(PreparedStatement &statement, const QSqlDatabase &database,
              std::initializer_list<QVariant> values = {});
@@ -44,4 +49,5 @@ private:
     PreparedStatement m_order;
     PreparedStatement m_delete;
     SiblingOrders m_orders;
+    ParentIds m_parents;
 };

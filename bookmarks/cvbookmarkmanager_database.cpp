@@ -14,9 +14,11 @@
 #include <halvora/storagemanager.h>
 
 #include <QSqlDatabase>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QVariant>
 
+#include <cmath>
 #include <vector>
 
 namespace {
@@ -42,6 +44,26 @@ QStringList storedNewsgroups(const QSqlDatabase &database)
     while (query.next())
         newsgroups.append(query.value(0).toString());
     return newsgroups;
+}
+
+// A number that is compared with an id need not be stored as an integer: a foreign table may have other
+// types.
+qint64 idFrom(const QVariant &value)
+{
+    return value.type() == QVariant::Double ? std::llround(value.toDouble()) : value.toLongLong();
+}
+
+void addStoredParents(const QSqlDatabase &database, ParentIds &parents)
+{
+    QSqlQuery query(database);
+    query.setForwardOnly(true);
+    const bool isRunning = query.exec(QStringLiteral("SELECT DISTINCT parent_id FROM bookmarks"));
+    DBUtils::checkForErrors(query);
+    while (query.next()) {
+        if (!query.isNull(0))
+            parents.add(idFrom(query.value(0)));
+    }
+    parents.setKnown(isRunning && !query.lastError().isValid());
 }
 
 } // namespace
@@ -83,6 +105,7 @@ void CVBookmarkManager::load()
         QStringLiteral("SELECT %1 FROM bookmarks WHERE parent_id IS NULL ORDER BY bookmark_order ASC"),
         QVariant(), nullptr);
     m_provider->setBookmarkedNewsgroups(storedNewsgroups(connection));
+    addStoredParents(connection, m_writer->parents());
     m_writer->commit(connection);
     beginResetModel();
     m_topLevel.swap(items);
@@ -94,9 +117,11 @@ void CVBookmarkManager::loadChildren(BookmarkItem *item) const
 {
     if (item->childrenLoaded() || item->id() < 1)
         return;
-    item->appendNewChildren(
-        readItems(QStringLiteral("SELECT %1 FROM bookmarks WHERE parent_id=? ORDER BY bookmark_order ASC"),
-                  item->id(), item));
+    if (m_writer->parents().contains(item->id())) {
+        item->appendNewChildren(readItems(
+            QStringLiteral("SELECT %1 FROM bookmarks WHERE parent_id=? ORDER BY bookmark_order ASC"),
+            item->id(), item));
+    }
     item->setChildrenLoaded(true);
 }
 

@@ -57,6 +57,16 @@ private Q_SLOTS:
     void whatIsToldIsStored();
     void childrenAreReadWhenTheyAreFirstAskedFor();
     void aBookmarkIsAskedForChildrenOnce();
+    void onlyIdsWithRowsBelowThemAreAskedForChildren();
+    void rowsBelowAnIdThatHadNoneAreFound();
+    void anIdIsAskedForChildrenAfterAFailedInsertBelowIt();
+    void rowsThatAFailedCommitBringsBackAreFound();
+    void eachIdIsAskedForChildrenWhileTheParentsAreUnknown_data();
+    void eachIdIsAskedForChildrenWhileTheParentsAreUnknown();
+    void eachIdIsAskedForChildrenBeforeTheFirstLoad();
+    void aParentIsFoundWhateverTypeItIsStoredAs_data();
+    void aParentIsFoundWhateverTypeItIsStoredAs();
+    void rowsOfAnotherProgramAreFoundWithTheNextLoad();
     void childrenOfFoldersThatWereNeverOpenedStayInTheTable();
     void bookmarksAreForgottenFromTheBottomUp();
     void loadingFreesTheOldItemsAfterTheReset();
@@ -83,6 +93,41 @@ QString storedNow()
         rows.append(query.value(0).toString());
     return rows.join(QLatin1Char(' '));
 }
+
+/// Ends the statement that reads the parents after a number of SQLite's steps.
+class ParentsInterrupt {
+public:
+    explicit ParentsInterrupt(int after)
+        : m_left(after)
+    {
+        sqlite3_trace_v2(BookmarkStore::handle(), SQLITE_TRACE_STMT, noteStatement, this);
+        sqlite3_progress_handler(BookmarkStore::handle(), 1, interrupt, this);
+    }
+    ~ParentsInterrupt()
+    {
+        sqlite3_trace_v2(BookmarkStore::handle(), 0, nullptr, nullptr);
+        sqlite3_progress_handler(BookmarkStore::handle(), 0, nullptr, nullptr);
+    }
+    Q_DISABLE_COPY(ParentsInterrupt)
+
+    bool hasInterrupted() const { return m_left <= 0; }
+
+private:
+    static int noteStatement(unsigned, void *self, void *statement, void *)
+    {
+        const QByteArray text(sqlite3_sql(static_cast<sqlite3_stmt *>(statement)));
+        static_cast<ParentsInterrupt *>(self)->m_isReading = text.contains("DISTINCT");
+        return 0;
+    }
+    static int interrupt(void *data)
+    {
+        auto *self = static_cast<ParentsInterrupt *>(data);
+        return int(self->m_isReading && --self->m_left <= 0);
+    }
+
+    bool m_isReading = false;
+    int m_left;
+};
 
 QStringList warnings;
 void collect(QtMsgType type, const QMessageLogContext &, const QString &text)
@@ -406,6 +451,7 @@ void TestBookmarkDatabase::loadingReadsInOneTransactionAndTellsBeforeTheReset()
                                          "bookmark_color, bookmark_expanded, bookmark_order FROM bookmarks "
                                          "WHERE parent_id IS NULL ORDER BY bookmark_order ASC"),
                           QStringLiteral("SELECT bookmark_newsgroup FROM bookmarks"),
+                          QStringLiteral("SELECT DISTINCT parent_id FROM bookmarks"),
                           QStringLiteral("COMMIT TRANSACTION")}));
 }
 
@@ -484,6 +530,167 @@ void TestBookmarkDatabase::aBookmarkIsAskedForChildrenOnce()
     QCOMPARE(log.take().size(), 1);
     QCOMPARE(store.model().itemFromIndex(bookmark)->children().size(), 1);
     QVERIFY(!store.model().index(0, 0, bookmark).isValid());
+}
+
+void TestBookmarkDatabase::onlyIdsWithRowsBelowThemAreAskedForChildren()
+{
+    BookmarkStore store;
+    store.execute(
+        QStringLiteral("INSERT INTO bookmarks VALUES (1,NULL,'f',NULL,NULL,1,0),"
+                       "(2,1,NULL,'a',NULL,0,0),(3,1,'empty',NULL,NULL,0,1),(4,1,NULL,'b',NULL,0,2),"
+                       "(5,4,NULL,'below a bookmark',NULL,0,0),(6,99,NULL,'below nothing',NULL,0,0)"));
+    store.model().load();
+    StatementLog log;
+    QCOMPARE(store.names(store.at({0})), words("a empty b"));
+    for (int row = 0; row < 3; ++row) {
+        QCOMPARE(store.model().rowCount(store.at({0, row})), 0);
+        QVERIFY(store.model().itemFromIndex(store.at({0, row}))->childrenLoaded());
+    }
+    QStringList asked;
+    for (const QString &statement : log.take())
+        asked.append(statement.section(QStringLiteral("parent_id="), 1).section(QLatin1Char(' '), 0, 0));
+    QCOMPARE(asked, words("1 4"));
+    QCOMPARE(store.model().itemFromIndex(store.at({0, 2}))->children().size(), 1);
+}
+
+// A drop reads the folder's row anew and with it what is below.
+void TestBookmarkDatabase::rowsBelowAnIdThatHadNoneAreFound()
+{
+    BookmarkStore store;
+    store.addFolder(QStringLiteral("f"));
+    store.addFolder(QStringLiteral("moved"));
+    store.model().load();
+    QCOMPARE(store.model().rowCount(store.at({0})), 0);
+    const auto data = dragdata::record(1, 2, -1, QStringLiteral("moved"));
+    QVERIFY(store.model().dropMimeData(data.get(), Qt::MoveAction, 0, 0, store.at({0})));
+    store.model().addBookmarks(words("a"), store.at({0, 0}));
+    const auto again = dragdata::record(1, 1, -1, QStringLiteral("f"));
+    QVERIFY(store.model().dropMimeData(again.get(), Qt::MoveAction, 0, 0, QModelIndex()));
+    QCOMPARE(store.names(store.at({0})), words("moved"));
+    QCOMPARE(store.names(store.at({0, 0})), words("a"));
+}
+
+void TestBookmarkDatabase::anIdIsAskedForChildrenAfterAFailedInsertBelowIt()
+{
+    BookmarkStore store;
+    store.addFolder(QStringLiteral("f"));
+    store.model().load();
+    store.execute(QStringLiteral("CREATE TRIGGER no BEFORE INSERT ON bookmarks "
+                                 "BEGIN SELECT RAISE(FAIL, 'no'); END"));
+    store.model().addBookmarks(words("a"), store.at({0}));
+    const auto data = dragdata::record(1, 1, -1, QStringLiteral("f"));
+    QVERIFY(store.model().dropMimeData(data.get(), Qt::MoveAction, 0, 0, QModelIndex()));
+    StatementLog log;
+    QCOMPARE(store.model().rowCount(store.at({0})), 0);
+    QCOMPARE(log.take().size(), 1);
+}
+
+void TestBookmarkDatabase::rowsThatAFailedCommitBringsBackAreFound()
+{
+    BookmarkStore store;
+    store.model().addBookmarks(words("a"), store.addFolder(QStringLiteral("f")));
+    sqlite3_busy_timeout(BookmarkStore::handle(), 0);
+    {
+        SqliteFile reader(store.path());
+        QVERIFY(reader.run("BEGIN") && reader.run("SELECT * FROM bookmarks"));
+        store.model().clearBookmarks();
+        store.model().load();
+        QCOMPARE(store.model().rowCount(), 0);
+    }
+    QSqlDatabase::database(constants::bookmarkManagerName).close();
+    QCOMPARE(store.rows().size(), 2);
+    const auto data = dragdata::record(1, 1, -1, QStringLiteral("f"));
+    QVERIFY(store.model().dropMimeData(data.get(), Qt::MoveAction, 0, 0, QModelIndex()));
+    QCOMPARE(store.names(store.at({0})), words("a"));
+}
+
+void TestBookmarkDatabase::eachIdIsAskedForChildrenWhileTheParentsAreUnknown_data()
+{
+    QTest::addColumn<int>("after"); // steps of SQLite's machine
+    QTest::newRow("nothing was read") << 1;
+    QTest::newRow("something was read") << 3000;
+}
+
+void TestBookmarkDatabase::eachIdIsAskedForChildrenWhileTheParentsAreUnknown()
+{
+    QFETCH(int, after);
+    BookmarkStore store;
+    store.addFolder(QStringLiteral("f"));
+    store.execute(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 2 UNION ALL SELECT i + 1 FROM n LIMIT 500) "
+                                 "INSERT INTO bookmarks SELECT i, i + 1000, NULL, 'x', NULL, 0, 0 FROM n"));
+    {
+        const ParentsInterrupt interrupt(after);
+        store.model().load();
+        QVERIFY(interrupt.hasInterrupted());
+    }
+    StatementLog log;
+    QCOMPARE(store.model().rowCount(store.at({0})), 0);
+    QCOMPARE(log.take().size(), 1);
+    store.model().load();
+    log.take();
+    QCOMPARE(store.model().rowCount(store.at({0})), 0);
+    QCOMPARE(log.take(), QStringList());
+}
+
+void TestBookmarkDatabase::eachIdIsAskedForChildrenBeforeTheFirstLoad()
+{
+    BookmarkStore store;
+    store.model().addBookmarks(words("a"), store.addFolder(QStringLiteral("f")));
+    store.close();
+    OpenBookmarkManager unread(store.plugin());
+    const auto data = dragdata::record(1, 1, -1, QStringLiteral("f"));
+    QVERIFY(unread.dropMimeData(data.get(), Qt::MoveAction, 0, 0, QModelIndex()));
+    QCOMPARE(unread.rowCount(unread.index(0, 0)), 1);
+}
+
+void TestBookmarkDatabase::aParentIsFoundWhateverTypeItIsStoredAs_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<qint64>("id");
+    const qint64 large = (qint64(1) << 52) + 1;
+    QTest::newRow("text in a column of text") << "TEXT"
+                                              << "'1'" << qint64(1);
+    QTest::newRow("text that blanks follow") << "TEXT COLLATE RTRIM"
+                                             << "'1 '" << qint64(1);
+    QTest::newRow("real") << "REAL"
+                          << "1" << qint64(1);
+    QTest::newRow("a large real") << "REAL" << QString::number(large) << large;
+    QTest::newRow("of no type") << ""
+                                << "1.0" << qint64(1);
+}
+
+void TestBookmarkDatabase::aParentIsFoundWhateverTypeItIsStoredAs()
+{
+    QFETCH(QString, type);
+    QFETCH(QString, value);
+    QFETCH(qint64, id);
+    BookmarkStore store(false);
+    store.execute(QStringLiteral("CREATE TABLE bookmarks (bookmark_id INTEGER PRIMARY KEY, parent_id %1, "
+                                 "bookmark_name, bookmark_newsgroup, bookmark_color, bookmark_expanded, "
+                                 "bookmark_order); INSERT INTO bookmarks VALUES (%3,NULL,'f',NULL,NULL,0,0),"
+                                 "(7,%2,NULL,'a',NULL,0,0)")
+                      .arg(type, value)
+                      .arg(id));
+    store.open();
+    QCOMPARE(store.names(store.at({0})), words("a"));
+}
+
+// What another program writes while this one runs is not looked for below an id that had no rows.
+void TestBookmarkDatabase::rowsOfAnotherProgramAreFoundWithTheNextLoad()
+{
+    BookmarkStore store;
+    store.addFolder(QStringLiteral("empty"));
+    store.model().addBookmarks(words("a"), store.addFolder(QStringLiteral("full")));
+    store.model().load();
+    store.execute(
+        QStringLiteral("INSERT INTO bookmarks VALUES (8,1,NULL,'b',NULL,0,0),(9,2,NULL,'c',NULL,0,1)"));
+    QCOMPARE(store.names(store.at({0})), QStringList());
+    QCOMPARE(store.names(store.at({1})), words("a c"));
+    store.model().addBookmarks(words("d"), store.at({0}));
+    QCOMPARE(store.rows().size(), 6);
+    store.model().load();
+    QCOMPARE(store.names(store.at({0})), words("b d"));
 }
 
 void TestBookmarkDatabase::childrenOfFoldersThatWereNeverOpenedStayInTheTable()
