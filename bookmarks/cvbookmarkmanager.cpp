@@ -53,7 +53,8 @@ CVBookmarkProvider *CVBookmarkManager::provider() const
 
 BookmarkItem *CVBookmarkManager::itemFromIndex(const QModelIndex &index) const
 {
-    auto *item = static_cast<BookmarkItem *>(index.internalPointer());
+    // An index that is not valid may have a pointer all the same.
+    auto *item = index.isValid() ? static_cast<BookmarkItem *>(index.internalPointer()) : nullptr;
     if (item)
         loadChildren(item);
     return item;
@@ -170,13 +171,14 @@ Qt::ItemFlags CVBookmarkManager::flags(const QModelIndex &index) const
 bool CVBookmarkManager::removeRows(int row, int count, const QModelIndex &parent)
 {
     BookmarkItem *folder = itemFromIndex(parent);
-    if (row < 0 || count < 1 || count > siblings(folder).size() - row)
-        return false;
-    beginRemoveRows(parent, row, row + count - 1);
+    const int removed = row < 0 ? 0 : qMin(count, rowCount(parent) - row);
+    if (removed < 1)
+        return true;
+    beginRemoveRows(parent, row, row + removed - 1);
     if (folder) {
-        folder->removeChildren(row, count);
+        folder->removeChildren(row, removed);
     } else {
-        for (; count > 0; --count)
+        for (int left = removed; left > 0; --left)
             delete m_topLevel.takeAt(row);
     }
     m_writer->listChanged();

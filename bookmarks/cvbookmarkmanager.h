@@ -61,8 +61,7 @@ public:
                       const QModelIndex &parent) override;
     Qt::DropActions supportedDropActions() const override;
     Qt::DropActions supportedDragActions() const override;
-    /// Forgets items whose rows a drop gave to others: in memory only. False, and nothing, for rows that
-    /// there are not.
+    /// Forgets items whose rows a drop gave to others: in memory only, and as many as there are. Always true.
     bool removeRows(int row, int count, const QModelIndex &parent = QModelIndex()) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 

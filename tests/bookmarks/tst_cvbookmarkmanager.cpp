@@ -42,8 +42,10 @@ private Q_SLOTS:
     void renamingIsRefused_data();
     void renamingIsRefused();
     void removingRowsLeavesTheFileAlone();
-    void rowsThatThereAreNotAreNotRemoved_data();
-    void rowsThatThereAreNotAreNotRemoved();
+    void onlyRowsThatThereAreAreRemoved_data();
+    void onlyRowsThatThereAreAreRemoved();
+    void nothingBelowABookmarkIsAnnounced();
+    void anInvalidIndexHasNoItemWhateverItPointsTo();
     void theSlotsCanBeCalledByName();
 };
 
@@ -287,30 +289,67 @@ void TestCVBookmarkManager::removingRowsLeavesTheFileAlone()
     QCOMPARE(store.rows(), before);
 }
 
-void TestCVBookmarkManager::rowsThatThereAreNotAreNotRemoved_data()
+void TestCVBookmarkManager::onlyRowsThatThereAreAreRemoved_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("count");
-    QTest::newRow("negative") << -1 << 1;
-    QTest::newRow("none") << 0 << 0;
-    QTest::newRow("too many") << 1 << 2;
-    QTest::newRow("behind the end") << 2 << 1;
-    QTest::newRow("very many") << 1 << std::numeric_limits<int>::max();
+    QTest::addColumn<int>("last"); ///< that is announced, -1 for none
+    QTest::newRow("negative") << -1 << 1 << -1;
+    QTest::newRow("negative, up to rows that there are") << -1 << 3 << -1;
+    QTest::newRow("none") << 0 << 0 << -1;
+    QTest::newRow("a negative number") << 0 << -2 << -1;
+    QTest::newRow("too many") << 1 << 2 << 1;
+    QTest::newRow("behind the end") << 2 << 1 << -1;
+    QTest::newRow("very many") << 1 << std::numeric_limits<int>::max() << 1;
+    QTest::newRow("very many from the first") << 0 << std::numeric_limits<int>::max() << 1;
+    QTest::newRow("far behind the end") << std::numeric_limits<int>::max() << 2 << -1;
 }
 
-void TestCVBookmarkManager::rowsThatThereAreNotAreNotRemoved()
+void TestCVBookmarkManager::onlyRowsThatThereAreAreRemoved()
 {
     QFETCH(int, row);
     QFETCH(int, count);
+    QFETCH(int, last);
     BookmarkStore store;
     store.check();
     const QModelIndex folder = store.addFolder(QStringLiteral("f"));
     store.addFolder(QStringLiteral("g"));
     store.model().addBookmarks(words("a b"), folder);
-    QVERIFY(!store.model().removeRows(row, count));
-    QVERIFY(!store.model().removeRows(row, count, folder));
-    QCOMPARE(store.names(), words("f g"));
-    QCOMPARE(store.names(folder), words("a b"));
+    QStringList announced;
+    connect(&store.model(), &QAbstractItemModel::rowsRemoved, this,
+            [&](const QModelIndex &, int first, int end) {
+                announced.append(QStringLiteral("%1-%2").arg(first).arg(end));
+            });
+    QVERIFY(store.model().removeRows(row, count, folder));
+    QVERIFY(store.model().removeRows(row, count));
+    const QString expected = QStringLiteral("%1-%2").arg(row).arg(last);
+    QCOMPARE(announced, last < 0 ? QStringList() : QStringList({expected, expected}));
+    QCOMPARE(store.names(), words("f g").mid(0, last < 0 ? 2 : row));
+}
+
+void TestCVBookmarkManager::nothingBelowABookmarkIsAnnounced()
+{
+    BookmarkStore store;
+    store.execute(
+        QStringLiteral("INSERT INTO bookmarks VALUES (1,NULL,NULL,'a',NULL,0,0),(2,1,NULL,'b',NULL,0,0)"));
+    store.model().load();
+    QSignalSpy removed(&store.model(), &QAbstractItemModel::rowsRemoved);
+    QVERIFY(store.model().removeRows(0, 1, store.at({0})));
+    QCOMPARE(removed.count(), 0);
+}
+
+void TestCVBookmarkManager::anInvalidIndexHasNoItemWhateverItPointsTo()
+{
+    BookmarkStore store;
+    const QModelIndex folder = store.addFolder(QStringLiteral("f"));
+    const QModelIndex invalid = store.model().createIndex(-1, 0, folder.internalPointer());
+    QVERIFY(!store.model().itemFromIndex(invalid));
+    QVERIFY(!store.model().bookmarkFromIndex(invalid));
+    QCOMPARE(store.model().flags(invalid), Qt::ItemFlags(Qt::NoItemFlags));
+    QVERIFY(!store.model().data(invalid, Qt::EditRole).isValid());
+    QCOMPARE(store.model().rowCount(invalid), 1);
+    store.model().removeBookmark(invalid);
+    QCOMPARE(store.names(), words("f"));
 }
 
 void TestCVBookmarkManager::theSlotsCanBeCalledByName()
