@@ -3,6 +3,7 @@
 #include "bookmarks/preparedstatement.h"
 
 #include <QSqlDatabase>
+#include <QSqlError>
 #include <QVariant>
 
 PreparedStatement::PreparedStatement(const QString &text)
@@ -10,18 +11,30 @@ PreparedStatement::PreparedStatement(const QString &text)
 {
 }
 
+// Closing a connection finalizes its statements; QtSql then fails without a result code of SQLite.
 bool PreparedStatement::run(const QSqlDatabase &database, std::initializer_list<QVariant> values)
 {
-    if (!m_prepared) {
-        m_query.emplace(database);
-        m_query->setForwardOnly(true);
-        m_prepared = m_query->prepare(m_text);
-        if (!m_prepared)
-            return false;
+    if (m_prepared) {
+        m_prepared = execute(values);
+        if (m_prepared || errorCode() != 0)
+            return m_prepared;
     }
+    m_query.emplace(database);
+    m_query->setForwardOnly(true);
+    m_prepared = m_query->prepare(m_text) && execute(values);
+    return m_prepared;
+}
+
+bool PreparedStatement::execute(std::initializer_list<QVariant> values)
+{
     int position = 0;
     for (const QVariant &value : values)
         m_query->bindValue(position++, value);
-    m_prepared = m_query->exec();
-    return m_prepared;
+    return m_query->exec();
+}
+
+int PreparedStatement::errorCode() const
+{
+    constexpr int primaryCode = 0xff;
+    return m_query->lastError().nativeErrorCode().toInt() & primaryCode;
 }

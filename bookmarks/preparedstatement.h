@@ -17,13 +17,17 @@ public:
     explicit PreparedStatement(const QString &text);
     Q_DISABLE_COPY(PreparedStatement)
 
-    /// Binds @p values by position and runs the statement; false when it failed. It is then prepared anew the
-    /// next time, because the connection may have been closed and opened again.
+    /// Binds @p values by position and runs the statement; false when it failed. A statement that is no
+    /// longer there, because the connection was closed and opened again, is prepared anew and run once more.
     bool run(const QSqlDatabase &database, std::initializer_list<QVariant> values = {});
     /// The query of the last run, of which there was one.
     const QSqlQuery &query() const { return *m_query; }
+    /// SQLite's primary result code for the last run that failed; 0 where SQLite was not asked.
+    int errorCode() const;
 
 private:
+    bool execute(std::initializer_list<QVariant> values);
+
     const QString m_text;
     std::optional<QSqlQuery> m_query;
     bool m_prepared = false;
