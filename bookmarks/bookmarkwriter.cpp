@@ -10,6 +10,11 @@
 
 namespace {
 
+// Result codes of SQLite: another connection's lock, and what a COMMIT gives where nothing is to be
+// committed.
+constexpr int busyCode = 5;
+constexpr int noTransactionCode = 1;
+
 QVariant parentIdOf(const BookmarkItem &item)
 {
     return item.parent() ? QVariant(item.parent()->id()) : QVariant(QVariant::LongLong);
@@ -30,26 +35,55 @@ BookmarkWriter::BookmarkWriter()
 {
 }
 
-// A statement that failed may have rolled back what was written before it in the same transaction.
+// A write or commit that failed may have rolled back what was written before it in the same transaction.
 bool BookmarkWriter::run(PreparedStatement &statement, const QSqlDatabase &database,
                          std::initializer_list<QVariant> values)
 {
     if (statement.run(database, values))
         return true;
     m_orders.forget();
+    m_isLocked = m_isLocked || statement.errorCode() == busyCode;
     return false;
 }
 
+bool BookmarkWriter::write(PreparedStatement &statement, const QSqlDatabase &database,
+                           std::initializer_list<QVariant> values)
+{
+    const bool succeeded = run(statement, database, values);
+    if (!succeeded)
+        report(statement);
+    return succeeded;
+}
+
+void BookmarkWriter::report(const PreparedStatement &statement)
+{
+    if (!m_hasReported)
+        DBUtils::checkForErrors(statement.query());
+    m_hasReported = true;
+}
+
+// BEGIN takes back nothing, so what is known of the orders stays true when it fails.
 void BookmarkWriter::begin(const QSqlDatabase &database)
 {
-    run(m_begin, database);
+    m_hasReported = false;
+    m_isLocked = false;
+    m_begin.run(database);
     DBUtils::checkForErrors(m_begin.query());
 }
 
 void BookmarkWriter::commit(const QSqlDatabase &database)
 {
-    run(m_commit, database);
+    m_hasCommitFailed = !run(m_commit, database);
     DBUtils::checkForErrors(m_commit.query());
+}
+
+void BookmarkWriter::commitAtEnd(const QSqlDatabase &database)
+{
+    if (!m_hasCommitFailed || !database.isOpen())
+        return;
+    QSqlQuery(database).exec(QStringLiteral("PRAGMA busy_timeout = 1000"));
+    if (!run(m_commit, database) && m_commit.errorCode() != noTransactionCode)
+        DBUtils::checkForErrors(m_commit.query());
 }
 
 void BookmarkWriter::writeRow(const QSqlDatabase &database, BookmarkItem *item)
@@ -62,14 +96,17 @@ void BookmarkWriter::writeRow(const QSqlDatabase &database, BookmarkItem *item)
     if (item->parent())
         m_parents.add(item->parent()->id());
     if (item->hasId()) {
-        run(m_update, database, {parentId, name, newsgroup, item->color(), expanded, item->id()});
+        if (write(m_update, database, {parentId, name, newsgroup, item->color(), expanded, item->id()}) &&
+            m_update.query().numRowsAffected() == 0)
+            report(m_update);
         return;
     }
-    run(m_insert, database, {parentId, name, newsgroup, item->color(), expanded, -1});
+    write(m_insert, database, {parentId, name, newsgroup, item->color(), expanded, -1});
     item->setId(m_insert.query().lastInsertId().toLongLong());
     m_orders.forget(item->id());
 }
 
+// A lock that one statement waited for in vain would hold up each sibling's in turn.
 void BookmarkWriter::writeOrder(const QSqlDatabase &database, const BookmarkItem *parent,
                                 const QList<BookmarkItem *> &siblings)
 {
@@ -78,12 +115,14 @@ void BookmarkWriter::writeOrder(const QSqlDatabase &database, const BookmarkItem
         const qint64 id = siblings.at(place)->id();
         if (m_orders.holds(id, place))
             continue;
-        settled = run(m_order, database, {place, id}) && m_orders.note(id, place) && settled;
+        if (m_isLocked)
+            return;
+        settled = write(m_order, database, {place, id}) && m_orders.note(id, place) && settled;
     }
     m_orders.settle(parent, settled ? siblings.size() : 0);
 }
 
 void BookmarkWriter::deleteRow(const QSqlDatabase &database, qint64 id)
 {
-    run(m_delete, database, {id});
+    write(m_delete, database, {id});
 }

@@ -13,18 +13,23 @@ class QSqlDatabase;
 
 /// Writes bookmarks to their table. After each commit every row of the list that was written last has its
 /// place in the list as its order, the later one where the list holds a row twice; an order that is known to
-/// be stored already is not written again. Has to go before the connection is removed. GUI thread.
+/// be stored already is not written again. Of each transaction the first write that failed is reported
+/// through DBUtils, and BEGIN and COMMIT always. Has to go before the connection is removed. GUI thread.
 class BookmarkWriter {
 public:
     BookmarkWriter();
 
     void begin(const QSqlDatabase &database);
     void commit(const QSqlDatabase &database);
+    /// Runs COMMIT once more when the last one failed, because closing the connection rolls back a
+    /// transaction that is still open. Waits at most a second for a lock.
+    void commitAtEnd(const QSqlDatabase &database);
 
     /// Updates the row of @p item, or inserts one and gives the item its id: 0 when that failed, so that the
-    /// next write tries again. Whether a write succeeded is not told.
+    /// next write tries again. An update that changes no row has failed, too.
     void writeRow(const QSqlDatabase &database, BookmarkItem *item);
-    /// Stores the places of @p siblings, the list below @p parent or, for null, the top level.
+    /// Stores the places of @p siblings, the list below @p parent or, for null, the top level. Once the
+    /// transaction met a lock this does nothing.
     void writeOrder(const QSqlDatabase &database, const BookmarkItem *parent,
                     const QList<BookmarkItem *> &siblings);
     void deleteRow(const QSqlDatabase &database, qint64 id);
@@ -41,6 +46,9 @@ public:
 private:
     bool run(PreparedStatement &statement, const QSqlDatabase &database,
              std::initializer_list<QVariant> values = {});
+    bool write(PreparedStatement &statement, const QSqlDatabase &database,
+               std::initializer_list<QVariant> values);
+    void report(const PreparedStatement &statement);
 
     PreparedStatement m_begin;
     PreparedStatement m_commit;
@@ -50,4 +58,7 @@ private:
     PreparedStatement m_delete;
     SiblingOrders m_orders;
     ParentIds m_parents;
+    bool m_hasReported = false;     ///< a write of the current transaction
+    bool m_isLocked = false;        ///< a statement of the current transaction
+    bool m_hasCommitFailed = false; ///< the last one
 };

@@ -90,6 +90,7 @@ void CVBookmarkManager::openDatabase(const QString &storageName)
 // A connection can be removed only when nothing refers to it any more, neither a handle nor a statement.
 void CVBookmarkManager::closeDatabase()
 {
+    m_writer->commitAtEnd(QSqlDatabase::database(constants::bookmarkManagerName, false));
     m_writer.reset();
     QSqlDatabase::database(constants::bookmarkManagerName, false).close();
     QSqlDatabase::removeDatabase(constants::bookmarkManagerName);

@@ -10,12 +10,15 @@
 #include "tests/support/sanitized.h"
 
 #include "bookmarks/bookmarkitem.h"
+#include "plugin/constants.h"
 
 #include <halvora/dbutils.h>
 
 #include <QFileInfo>
 #include <QHash>
 #include <QMimeData>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTest>
 
 #include <sqlite3.h>
@@ -50,6 +53,46 @@ void noteComplaint(QtMsgType type, const QMessageLogContext &context, const QStr
     if (type == QtWarningMsg && qstrcmp(context.category, "default") == 0)
         complaints().append(text);
 }
+
+/// Counts the failures that DBUtils reports while this lives. One at a time.
+class ReportedFailures {
+public:
+    ReportedFailures()
+    {
+        DBUtils::setFailureHandler([this](const QString &) { ++m_count; });
+    }
+    ~ReportedFailures() { DBUtils::setFailureHandler({}); }
+    Q_DISABLE_COPY(ReportedFailures)
+
+    int count() const { return m_count; }
+
+private:
+    int m_count = 0;
+};
+
+/// Counts how often a connection would have waited for a lock, and lets it never wait.
+class BusyCount {
+public:
+    explicit BusyCount(sqlite3 *connection)
+        : m_connection(connection)
+    {
+        sqlite3_busy_handler(connection, add, this);
+    }
+    ~BusyCount() { sqlite3_busy_handler(m_connection, nullptr, nullptr); }
+    Q_DISABLE_COPY(BusyCount)
+
+    int count() const { return m_count; }
+
+private:
+    static int add(void *self, int)
+    {
+        ++static_cast<BusyCount *>(self)->m_count;
+        return 0;
+    }
+
+    sqlite3 *const m_connection;
+    int m_count = 0;
+};
 
 /// A row whose order is not the last of its places in @p list, if any.
 QString wrongPlace(const BookmarkStore &store, const QList<BookmarkItem *> &list)
@@ -151,6 +194,11 @@ void add(BookmarkStore &store)
     store.model().addBookmarks({QStringLiteral("x")}, store.at({0}));
 }
 
+void addTwo(BookmarkStore &store)
+{
+    store.model().addBookmarks({QStringLiteral("x"), QStringLiteral("y")}, store.at({0}));
+}
+
 void renameFirst(BookmarkStore &store)
 {
     store.model().setData(store.at({0}), QStringLiteral("x"));
@@ -206,9 +254,18 @@ private Q_SLOTS:
     void cleanupTestCase();
     void eachStatementMayFailOnce_data();
     void eachStatementMayFailOnce();
-    void onlySomeFailuresAreTold_data();
-    void onlySomeFailuresAreTold();
+    void ofEachTransactionTheFirstFailureIsReported_data();
+    void ofEachTransactionTheFirstFailureIsReported();
+    void anUpdateOfALostRowIsHandedOver();
+    void aLockIsWaitedForOncePerTransaction_data();
+    void aLockIsWaitedForOncePerTransaction();
+    void aLateTransactionIsCommittedAtTheEnd();
+    void aTransactionThatStaysLockedIsReportedAtTheEnd();
+    void aTransactionThatWasTakenBackIsNotReportedAgainAtTheEnd();
+    void aClosedConnectionCostsNoStatement_data();
+    void aClosedConnectionCostsNoStatement();
     void aRowThatTakesTheIdOfALostOneGetsItsPlace();
+    void ordersThatAFailedInsertTookBackAreWrittenAgain();
     void theFileMayBeLocked_data();
     void theFileMayBeLocked();
     void theDiskMayBeFull_data();
@@ -265,17 +322,19 @@ void TestFailingStatements::eachStatementMayFailOnce()
     QVERIFY(number > 2 || kind == NthFault::Refused);
 }
 
-void TestFailingStatements::onlySomeFailuresAreTold_data()
+void TestFailingStatements::ofEachTransactionTheFirstFailureIsReported_data()
 {
     QTest::addColumn<StatementFault>("fault");
     QTest::addColumn<BookmarkOperation>("operation");
-    QTest::addColumn<int>("told");
-    QTest::newRow("a row that is inserted") << failing(StatementFault::Insert) << BookmarkOperation(add) << 0;
+    QTest::addColumn<int>("reported");
+    QTest::newRow("a row that is inserted") << failing(StatementFault::Insert) << BookmarkOperation(add) << 1;
     QTest::newRow("a row that is changed")
-        << failing(StatementFault::Row) << BookmarkOperation(renameFirst) << 0;
-    QTest::newRow("places") << failing(StatementFault::Order) << BookmarkOperation(add) << 0;
+        << failing(StatementFault::Row) << BookmarkOperation(renameFirst) << 1;
+    QTest::newRow("places") << failing(StatementFault::Order) << BookmarkOperation(add) << 1;
+    QTest::newRow("places, in two transactions")
+        << failing(StatementFault::Order) << BookmarkOperation(addTwo) << 2;
     QTest::newRow("a row that is deleted")
-        << failing(StatementFault::Delete) << BookmarkOperation(removeFirst) << 0;
+        << failing(StatementFault::Delete) << BookmarkOperation(removeFirst) << 1;
     QTest::newRow("all rows that are deleted")
         << failing(StatementFault::Delete) << BookmarkOperation(clear) << 1;
     using Named = std::pair<const char *, BookmarkOperation>;
@@ -287,12 +346,13 @@ void TestFailingStatements::onlySomeFailuresAreTold_data()
           Named("loading", load), Named("clearing", clear), Named("importing", import)})
         QTest::addRow("the beginning, and so the commit, %s", name)
             << denied(SQLITE_TRANSACTION, "BEGIN") << operation << 2;
-    QTest::newRow("both that read the top") << denied(SQLITE_SELECT) << BookmarkOperation(load) << 2;
+    QTest::newRow("all that read the top") << denied(SQLITE_SELECT) << BookmarkOperation(load) << 3;
+    QTest::newRow("nothing that succeeds") << StatementFault() << BookmarkOperation(removeFirst) << 0;
     QTest::newRow("what reads children") << denied(SQLITE_SELECT) << BookmarkOperation(look) << 1;
     QTest::newRow("what reads a dropped row") << denied(SQLITE_SELECT) << BookmarkOperation(drop) << 1;
 }
 
-void TestFailingStatements::onlySomeFailuresAreTold()
+void TestFailingStatements::ofEachTransactionTheFirstFailureIsReported()
 {
     QFETCH(StatementFault, fault);
     QFETCH(BookmarkOperation, operation);
@@ -301,13 +361,145 @@ void TestFailingStatements::onlySomeFailuresAreTold()
     store.leave();
     store.model().load(); // so that there are children to be read
     StatementFaults faults(BookmarkStore::handle());
-    int told = 0;
-    DBUtils::setFailureHandler([&told](const QString &) { ++told; });
+    const ReportedFailures reported;
     faults.set(fault);
     operation(store);
     faults.set({});
-    DBUtils::setFailureHandler({});
-    QTEST(told, "told");
+    QTEST(reported.count(), "reported");
+}
+
+void TestFailingStatements::anUpdateOfALostRowIsHandedOver()
+{
+    BookmarkStore store;
+    begin(store);
+    store.execute(QStringLiteral("DELETE FROM bookmarks WHERE bookmark_id = 1"));
+    const ReportedFailures reported;
+    QSqlQuery update(QSqlDatabase::database(constants::bookmarkManagerName));
+    QVERIFY(update.exec(QStringLiteral("UPDATE bookmarks SET bookmark_name = 'x' WHERE bookmark_id = 1")));
+    DBUtils::checkForErrors(update);
+    const int expected = reported.count();
+    renameFirst(store);
+    QCOMPARE(reported.count(), 2 * expected);
+}
+
+void TestFailingStatements::aLockIsWaitedForOncePerTransaction_data()
+{
+    QTest::addColumn<QByteArray>("lock");
+    QTest::newRow("of a program that writes") << QByteArray("BEGIN IMMEDIATE");
+    QTest::newRow("of a program that reads") << QByteArray("BEGIN DEFERRED");
+}
+
+void TestFailingStatements::aLockIsWaitedForOncePerTransaction()
+{
+    QFETCH(QByteArray, lock);
+    BookmarkStore store;
+    begin(store);
+    BusyCount waits(BookmarkStore::handle());
+    const ReportedFailures reported;
+    SqliteFile other(store.path());
+    QVERIFY(other.run(lock.constData()) && other.run("SELECT * FROM bookmarks"));
+    add(store);
+    QCOMPARE(waits.count(), 1);
+    QCOMPARE(reported.count(), 1);
+    QVERIFY(other.run("ROLLBACK"));
+    store.model().setData(store.at({0, 0}), QStringLiteral("renamed"));
+    QCOMPARE(store.orders(QStringLiteral("1")).join(QLatin1Char(' ')),
+             QStringLiteral("renamed 0 a 1 b 2 inner 3"));
+}
+
+void TestFailingStatements::aLateTransactionIsCommittedAtTheEnd()
+{
+    BookmarkStore store;
+    begin(store);
+    const ReportedFailures reported;
+    {
+        SqliteFile reader(store.path());
+        QVERIFY(reader.run("BEGIN") && reader.run("SELECT * FROM bookmarks"));
+        renameFirst(store);
+    }
+    store.close();
+    QCOMPARE(store.rows().first().at(2), QStringLiteral("x"));
+    QCOMPARE(reported.count(), 1);
+}
+
+void TestFailingStatements::aTransactionThatStaysLockedIsReportedAtTheEnd()
+{
+    BookmarkStore store;
+    begin(store);
+    const ReportedFailures reported;
+    SqliteFile reader(store.path());
+    QVERIFY(reader.run("BEGIN") && reader.run("SELECT * FROM bookmarks"));
+    renameFirst(store);
+    QCOMPARE(reported.count(), 1);
+    store.close();
+    QCOMPARE(reported.count(), 2);
+    QVERIFY(reader.run("ROLLBACK") && reader.run("BEGIN EXCLUSIVE"));
+}
+
+void TestFailingStatements::aTransactionThatWasTakenBackIsNotReportedAgainAtTheEnd()
+{
+    BookmarkStore store;
+    begin(store);
+    const ReportedFailures reported;
+    StatementFaults faults(BookmarkStore::handle());
+    faults.set(refusedCommit());
+    renameFirst(store);
+    faults.set({});
+    QCOMPARE(reported.count(), 1);
+    store.close();
+    QCOMPARE(reported.count(), 1);
+}
+
+void TestFailingStatements::aClosedConnectionCostsNoStatement_data()
+{
+    QTest::addColumn<BookmarkOperation>("operation");
+    for (const auto &[name, operation] : bookmarkOperations())
+        QTest::addRow("%s", name) << operation;
+}
+
+// Every statement is kept from an earlier run when the connection is closed.
+void TestFailingStatements::aClosedConnectionCostsNoStatement()
+{
+    QFETCH(BookmarkOperation, operation);
+    QVector<QVector<BookmarkRow>> outcomes;
+    for (const bool isClosed : {false, true}) {
+        BookmarkStore store;
+        begin(store);
+        const ReportedFailures reported;
+        store.model().removeBookmark(store.addFolder(QStringLiteral("short-lived")));
+        if (isClosed)
+            QSqlDatabase::database(constants::bookmarkManagerName, false).close();
+        operation(store);
+        QVERIFY(sqlite3_get_autocommit(BookmarkStore::handle()));
+        outcomes.append(store.rows());
+        QCOMPARE(reported.count(), 0);
+    }
+    QCOMPARE(outcomes.last(), outcomes.first());
+    QCOMPARE(complaints(), QStringList());
+}
+
+// What was written before an INSERT in its transaction goes with it, and the import goes on without one.
+void TestFailingStatements::ordersThatAFailedInsertTookBackAreWrittenAgain()
+{
+    BookmarkStore store;
+    begin(store);
+    store.execute(QStringLiteral("UPDATE bookmarks SET bookmark_order = bookmark_order + 5"));
+    store.model().load();
+    StatementFaults faults(BookmarkStore::handle());
+    StatementFault fault;
+    fault.change = StatementFault::Insert;
+    fault.effect = StatementFault::Rollback;
+    fault.divisor = 2;
+    faults.set(fault);
+    BookmarkItem folder(BookmarkKind::Folder, nullptr);
+    auto *bookmark = new BookmarkItem(BookmarkKind::Bookmark, &folder);
+    bookmark->setName(QStringLiteral("y"));
+    folder.setName(QStringLiteral("x"));
+    folder.appendChild(bookmark);
+    store.model().importFolders({&folder, &folder});
+    faults.set({});
+    QCOMPARE(store.orders(QStringLiteral("NULL")).mid(0, 3).join(QLatin1Char(' ')),
+             QStringLiteral("one 0 two 1 e 2"));
 }
 
 void TestFailingStatements::aRowThatTakesTheIdOfALostOneGetsItsPlace()
