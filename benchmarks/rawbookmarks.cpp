@@ -30,6 +30,12 @@ void RawBookmarks::run(const char *statements)
         qFatal("%s: %s", statements, sqlite3_errmsg(m_handle));
 }
 
+bool RawBookmarks::hasTable()
+{
+    return sqlite3_table_column_metadata(m_handle, nullptr, "bookmarks", nullptr, nullptr, nullptr, nullptr,
+                                         nullptr, nullptr) == SQLITE_OK;
+}
+
 sqlite3_stmt *RawBookmarks::prepare(const char *statement)
 {
     sqlite3_stmt *prepared = nullptr;

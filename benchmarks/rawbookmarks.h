@@ -14,6 +14,8 @@ public:
     Q_DISABLE_COPY(RawBookmarks)
 
     void run(const char *statements);
+    /// Whether the file is one of bookmarks.
+    bool hasTable();
     /// Appends @p count newsgroups to the folder @p parentId in one transaction, or in one each, with as few
     /// statements as there can be.
     void appendAtLeast(qint64 parentId, int count, bool oneTransaction);
