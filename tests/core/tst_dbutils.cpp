@@ -8,6 +8,18 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+namespace {
+
+bool runChecked(BookmarkFile &file, const char *statement)
+{
+    QSqlQuery query(file.database());
+    const bool succeeded = query.exec(QLatin1String(statement));
+    DBUtils::checkForErrors(query);
+    return succeeded;
+}
+
+} // namespace
+
 class DBUtilsTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -17,9 +29,13 @@ private Q_SLOTS:
     void aFailureIsToldInTheDatabasesWords();
     void whatSucceededIsNotTold();
     void aFailureThatNobodyListensToIsLogged();
+    void aQueryOfAConnectionThatDidNotOpenHasFailed();
+    void aQueryOfAConnectionThatWasClosedHasFailed();
+    void anUpdateThatTouchesNoRowHasFailed();
     void everyConnectionIsClosed();
 
 private:
+    QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
     QTemporaryDir m_folder;
     QStringList m_told;
 };
@@ -76,6 +92,36 @@ void DBUtilsTest::aFailureThatNobodyListensToIsLogged()
     QTest::ignoreMessage(QtWarningMsg,
                          QRegularExpression(QStringLiteral("SELECT 1 FROM absent.*no such table")));
     DBUtils::checkForErrors(query);
+}
+
+void DBUtilsTest::aQueryOfAConnectionThatDidNotOpenHasFailed()
+{
+    BookmarkFile file(path("absent/folder/bookmarks.sqlite"));
+    QVERIFY(!runChecked(file, "SELECT title FROM bookmarks"));
+    QCOMPARE(m_told, QStringList(QStringLiteral("unable to open database file")));
+    QSqlQuery prepared(file.database());
+    QVERIFY(!prepared.prepare(QStringLiteral("INSERT INTO bookmarks (title) VALUES ('lost')")));
+    DBUtils::checkForErrors(prepared);
+    QCOMPARE(m_told.size(), 2);
+}
+
+void DBUtilsTest::aQueryOfAConnectionThatWasClosedHasFailed()
+{
+    BookmarkFile file(path("closed.sqlite"));
+    file.database().close();
+    QVERIFY(!runChecked(file, "SELECT title FROM bookmarks"));
+    QCOMPARE(m_told, QStringList(QStringLiteral("the database is not open")));
+}
+
+void DBUtilsTest::anUpdateThatTouchesNoRowHasFailed()
+{
+    BookmarkFile file(path("update.sqlite"));
+    QVERIFY(file.add(QStringLiteral("one")));
+    QVERIFY(runChecked(file, "UPDATE bookmarks SET title = 'two' WHERE title = 'one'"));
+    QVERIFY(runChecked(file, "DELETE FROM bookmarks WHERE title = 'one'"));
+    QCOMPARE(m_told, QStringList());
+    QVERIFY(runChecked(file, "UPDATE bookmarks SET title = 'two' WHERE title = 'one'"));
+    QCOMPARE(m_told, QStringList(QStringLiteral("the row to be changed is missing")));
 }
 
 void DBUtilsTest::everyConnectionIsClosed()

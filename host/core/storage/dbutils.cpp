@@ -3,10 +3,14 @@
 #include <halvora/dbutils.h>
 
 #include "databaselog.h"
+#include "sqlstatement.h"
 
 #include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
+
+#include <optional>
 
 namespace {
 
@@ -16,16 +20,36 @@ std::function<void(const QString &)> &failureHandler()
     return handler;
 }
 
+QString wordsOf(const QSqlError &error)
+{
+    return error.databaseText().isEmpty() ? error.text() : error.databaseText();
+}
+
 } // namespace
+
+std::optional<QString> DBUtils::failureOf(const QSqlQuery &query)
+{
+    if (query.lastError().isValid())
+        return wordsOf(query.lastError());
+    // QSqlQuery leaves its error empty when the connection is closed.
+    if (!query.driver()->isOpen()) {
+        const QSqlError error = query.driver()->lastError();
+        return error.isValid() ? wordsOf(error) : tr("the database is not open");
+    }
+    if (query.isActive() && query.numRowsAffected() == 0 &&
+        sqlstatement::kindOf(query.lastQuery()) == SqlStatement::Update)
+        return tr("the row to be changed is missing");
+    return std::nullopt;
+}
 
 void DBUtils::checkForErrors(const QSqlQuery &query)
 {
-    const QSqlError error = query.lastError();
-    if (!error.isValid())
+    const std::optional<QString> failure = failureOf(query);
+    if (!failure)
         return;
-    qCWarning(logDatabase).noquote() << query.lastQuery() << "failed:" << error.text();
+    qCWarning(logDatabase).noquote() << query.lastQuery() << "failed:" << *failure;
     if (failureHandler())
-        failureHandler()(error.databaseText().isEmpty() ? error.text() : error.databaseText());
+        failureHandler()(*failure);
 }
 
 void DBUtils::setFailureHandler(std::function<void(const QString &)> handler)

@@ -4,16 +4,20 @@
 
 #include <halvora/coreexport.h>
 
+#include <QCoreApplication>
+
 #include <functional>
+#include <optional>
 
 class QSqlQuery;
-class QString;
 
 /// What everybody who uses a database needs. GUI thread.
 class HALVORA_CORE_EXPORT DBUtils {
+    Q_DECLARE_TR_FUNCTIONS(DBUtils)
 public:
-    /// Logs why the last statement of @p query failed and tells the failure handler. Does nothing when it did
-    /// not fail.
+    /// Logs why the last statement of @p query failed and notifies the failure handler. Does nothing when it
+    /// did not fail. A query of a connection that is not open has failed, and so
+    /// has an UPDATE that changed no row.
     static void checkForErrors(const QSqlQuery &query);
 
     /// Told of each failure with the database's own words; an empty function for nobody.
@@ -21,4 +25,7 @@ public:
 
     /// Closes every database connection of the process, for an end at which nothing is destroyed any more.
     static void closeAll();
+
+private:
+    static std::optional<QString> failureOf(const QSqlQuery &query);
 };
