@@ -18,6 +18,12 @@ bool runChecked(BookmarkFile &file, const char *statement)
     return succeeded;
 }
 
+int busyTime(BookmarkFile &file)
+{
+    QSqlQuery query(file.database());
+    return query.exec(QStringLiteral("PRAGMA busy_timeout")) && query.next() ? query.value(0).toInt() : -1;
+}
+
 } // namespace
 
 class DBUtilsTest : public QObject {
@@ -32,6 +38,8 @@ private Q_SLOTS:
     void aQueryOfAConnectionThatDidNotOpenHasFailed();
     void aQueryOfAConnectionThatWasClosedHasFailed();
     void anUpdateThatTouchesNoRowHasFailed();
+    void aLockIsWaitedForASecond();
+    void aBusyTimeThatAStoreChoseIsKept();
     void everyConnectionIsClosed();
 
 private:
@@ -122,6 +130,32 @@ void DBUtilsTest::anUpdateThatTouchesNoRowHasFailed()
     QCOMPARE(m_told, QStringList());
     QVERIFY(runChecked(file, "UPDATE bookmarks SET title = 'two' WHERE title = 'one'"));
     QCOMPARE(m_told, QStringList(QStringLiteral("the row to be changed is missing")));
+}
+
+void DBUtilsTest::aLockIsWaitedForASecond()
+{
+    BookmarkFile file(path("busy.sqlite"));
+    BookmarkFile other(path("busy.sqlite"));
+    QVERIFY(runChecked(file, "PRAGMA synchronous = OFF"));
+    QCOMPARE(busyTime(file), 1000);
+    QCOMPARE(busyTime(other), 5000); // what Qt sets
+    file.database().close();
+    QVERIFY(file.database().open());
+    QCOMPARE(busyTime(file), 1000);
+    QVERIFY(other.run(QStringLiteral("BEGIN IMMEDIATE")));
+    QVERIFY(!runChecked(file, "INSERT INTO bookmarks (title) VALUES ('one')"));
+    QVERIFY(m_told.value(0).contains(QLatin1String("locked")));
+}
+
+void DBUtilsTest::aBusyTimeThatAStoreChoseIsKept()
+{
+    BookmarkFile file(path("own.sqlite"));
+    file.database().close();
+    file.database().setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=20"));
+    QVERIFY(file.database().open());
+    QVERIFY(runChecked(file, "SELECT 1"));
+    QCOMPARE(busyTime(file), 20);
+    QCOMPARE(file.database().connectOptions(), QStringLiteral("QSQLITE_BUSY_TIMEOUT=20"));
 }
 
 void DBUtilsTest::everyConnectionIsClosed()

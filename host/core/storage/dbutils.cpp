@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <halvora/dbutils.h>
 
+#include "databaseconnection.h"
 #include "databaselog.h"
 #include "sqlstatement.h"
 
@@ -45,6 +46,7 @@ std::optional<QString> DBUtils::failureOf(const QSqlQuery &query)
 void DBUtils::checkForErrors(const QSqlQuery &query)
 {
     const std::optional<QString> failure = failureOf(query);
+    databaseconnection::limitBusyTime(query);
     if (!failure)
         return;
     qCWarning(logDatabase).noquote() << query.lastQuery() << "failed:" << *failure;

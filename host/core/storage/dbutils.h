@@ -17,7 +17,8 @@ class HALVORA_CORE_EXPORT DBUtils {
 public:
     /// Logs why the last statement of @p query failed and notifies the failure handler. Does nothing when it
     /// did not fail. A query of a connection that is not open has failed, and so
-    /// has an UPDATE that changed no row.
+    /// has an UPDATE that changed no row. The first query of a connection limits for how long that waits for
+    /// the lock of another program.
     static void checkForErrors(const QSqlQuery &query);
 
     /// Told of each failure with the database's own words; an empty function for nobody.

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Halvora developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QSqlDatabase;
+class QSqlDriver;
+class QSqlQuery;
+
+/// What DBUtils and the room do with the SQLite connection of a query. GUI thread.
+namespace databaseconnection {
+
+/// The connection that @p driver belongs to; an invalid one when it has been removed.
+QSqlDatabase find(const QSqlDriver *driver);
+
+/// Makes the connection of @p query wait at most a second for another program's lock, now and whenever it is
+/// opened again. Does so once a connection, and not where its owner chose a busy time.
+void limitBusyTime(const QSqlQuery &query);
+
+} // namespace databaseconnection
