@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkfile.h"
+#include "obstacles.h"
 
 #include <halvora/dbutils.h>
 
@@ -9,6 +10,13 @@
 #include <QtTest>
 
 namespace {
+
+QStringList *logged = nullptr;
+
+void collect(QtMsgType, const QMessageLogContext &, const QString &text)
+{
+    logged->append(text);
+}
 
 bool runChecked(BookmarkFile &file, const char *statement)
 {
@@ -41,9 +49,14 @@ private Q_SLOTS:
     void aLockIsWaitedForASecond();
     void aBusyTimeThatAStoreChoseIsKept();
     void everyConnectionIsClosed();
+    void theEndCommitsWhatALockKeptBack();
+    void whatWasRolledBackAlreadyIsNotReportedAtTheEnd();
+    void whatALockStillKeepsBackIsReportedAtTheEnd();
 
 private:
     QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+    /// Adds "kept back" and fails to commit that while another program reads.
+    static void failToCommit(BookmarkFile &file);
     QTemporaryDir m_folder;
     QStringList m_told;
 };
@@ -173,6 +186,56 @@ void DBUtilsTest::everyConnectionIsClosed()
     QVERIFY(!QFileInfo::exists(m_folder.filePath(QStringLiteral("two.sqlite-journal"))));
     QCOMPARE(BookmarkFile::titlesOf(m_folder.filePath(QStringLiteral("two.sqlite"))),
              QStringList(QStringLiteral("kept")));
+}
+
+void DBUtilsTest::failToCommit(BookmarkFile &file)
+{
+    QVERIFY(runChecked(file, "BEGIN"));
+    QVERIFY(file.add(QStringLiteral("kept back")));
+    QVERIFY(!runChecked(file, "COMMIT"));
+}
+
+void DBUtilsTest::theEndCommitsWhatALockKeptBack()
+{
+    BookmarkFile file(path("again.sqlite"));
+    {
+        const ForeignLock lock(path("again.sqlite"), ForeignLock::Reads);
+        QVERIFY(lock.isHeld());
+        failToCommit(file);
+    }
+    DBUtils::closeAll();
+    QCOMPARE(BookmarkFile::titlesOf(path("again.sqlite")), QStringList(QStringLiteral("kept back")));
+}
+
+void DBUtilsTest::whatWasRolledBackAlreadyIsNotReportedAtTheEnd()
+{
+    BookmarkFile file(path("back.sqlite"));
+    QVERIFY(runChecked(file, "BEGIN"));
+    QVERIFY(file.run(QStringLiteral("ROLLBACK"))); // as SQLite does when the disk is full
+    QVERIFY(!runChecked(file, "COMMIT"));
+    QStringList texts;
+    logged = &texts;
+    m_told.clear();
+    qInstallMessageHandler(collect);
+    DBUtils::closeAll();
+    qInstallMessageHandler(nullptr);
+    QCOMPARE(texts, QStringList());
+    QCOMPARE(m_told, QStringList());
+}
+
+void DBUtilsTest::whatALockStillKeepsBackIsReportedAtTheEnd()
+{
+    BookmarkFile file(path("kept.sqlite"));
+    const ForeignLock lock(path("kept.sqlite"), ForeignLock::Reads);
+    QVERIFY(lock.isHeld());
+    failToCommit(file);
+    QStringList texts;
+    logged = &texts;
+    qInstallMessageHandler(collect);
+    DBUtils::closeAll();
+    qInstallMessageHandler(nullptr);
+    QCOMPARE(texts.filter(QStringLiteral("are lost")).size(), 1);
+    QVERIFY(!file.database().isOpen());
 }
 
 QTEST_GUILESS_MAIN(DBUtilsTest)

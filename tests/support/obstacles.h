@@ -42,3 +42,21 @@ private:
     QTemporaryDir m_folder;
     QString m_problem;
 };
+
+/// Another process that reads or writes a database, as SQLite's locks show it, for as long as this lives.
+class ForeignLock {
+public:
+    enum Kind { Reads, Writes };
+
+    /// @p path is there.
+    ForeignLock(const QString &path, Kind kind);
+    ~ForeignLock() { release(); }
+    Q_DISABLE_COPY(ForeignLock)
+
+    bool isHeld() const { return m_process > 0; }
+    void release();
+
+private:
+    int m_process = -1;
+    int m_pipe = -1; ///< the process ends when this end is closed
+};

@@ -2,8 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "databaseconnection.h"
 
+#include "databaselog.h"
+#include "sqlstatement.h"
+
 #include <QSqlDatabase>
 #include <QSqlDriver>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QVariant>
 
@@ -12,8 +16,9 @@
 namespace {
 
 constexpr std::chrono::milliseconds busyTime = std::chrono::seconds(1);
-// A property of the driver, which goes with the connection.
+// Properties of the driver, which go with the connection.
 constexpr char isLimited[] = "halvora.isBusyTimeLimited";
+constexpr char hasCommitFailed[] = "halvora.hasCommitFailed";
 
 QString busyOption()
 {
@@ -53,4 +58,39 @@ void databaseconnection::limitBusyTime(const QSqlQuery &query)
     connection.setConnectOptions(options.isEmpty() ? option : options + QLatin1Char(';') + option);
     if (connection.isOpen())
         setBusyTime(connection);
+}
+
+bool databaseconnection::isInTransaction(const QSqlDriver &driver)
+{
+    if (!driver.isOpen())
+        return false;
+    QSqlQuery query(driver.createResult());
+    if (query.exec(QStringLiteral("BEGIN"))) {
+        query.exec(QStringLiteral("COMMIT"));
+        return false;
+    }
+    constexpr int nested = 1; // SQLITE_ERROR; a BEGIN that is refused for another reason has another code
+    return (query.lastError().nativeErrorCode().toInt() & 0xff) == nested;
+}
+
+void databaseconnection::noteCommit(const QSqlQuery &query, bool hasFailed)
+{
+    if (sqlstatement::kindOf(query.lastQuery()) != SqlStatement::Commit || !(hasFailed || query.isActive()) ||
+        query.driver()->property(hasCommitFailed).toBool() == hasFailed)
+        return;
+    const QSqlDatabase connection = find(query.driver());
+    if (connection.isValid())
+        connection.driver()->setProperty(hasCommitFailed, hasFailed);
+}
+
+void databaseconnection::commitAgain(const QSqlDatabase &connection)
+{
+    const QSqlDriver *driver = connection.driver();
+    if (!driver->property(hasCommitFailed).toBool() || !isInTransaction(*driver))
+        return;
+    setBusyTime(connection);
+    QSqlQuery query(connection);
+    if (!query.exec(QStringLiteral("COMMIT")))
+        qCWarning(logDatabase).noquote()
+            << "The last changes of" << connection.databaseName() << "are lost:" << query.lastError().text();
 }

@@ -16,4 +16,13 @@ QSqlDatabase find(const QSqlDriver *driver);
 /// opened again. Does so once a connection, and not where its owner chose a busy time.
 void limitBusyTime(const QSqlQuery &query);
 
+/// Whether a transaction is open. Begins and ends an empty one otherwise.
+bool isInTransaction(const QSqlDriver &driver);
+
+/// Remembers of the connection of @p query whether its last COMMIT failed.
+void noteCommit(const QSqlQuery &query, bool hasFailed);
+/// Runs COMMIT once more where the last one failed and left its transaction open; waits at most a second for
+/// the lock of another program.
+void commitAgain(const QSqlDatabase &connection);
+
 } // namespace databaseconnection

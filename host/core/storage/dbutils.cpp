@@ -47,6 +47,7 @@ void DBUtils::checkForErrors(const QSqlQuery &query)
 {
     const std::optional<QString> failure = failureOf(query);
     databaseconnection::limitBusyTime(query);
+    databaseconnection::noteCommit(query, failure.has_value());
     if (!failure)
         return;
     qCWarning(logDatabase).noquote() << query.lastQuery() << "failed:" << *failure;
@@ -62,6 +63,9 @@ void DBUtils::setFailureHandler(std::function<void(const QString &)> handler)
 void DBUtils::closeAll()
 {
     const QStringList names = QSqlDatabase::connectionNames();
-    for (const QString &name : names)
-        QSqlDatabase::database(name, false).close();
+    for (const QString &name : names) {
+        QSqlDatabase connection = QSqlDatabase::database(name, false);
+        databaseconnection::commitAgain(connection);
+        connection.close();
+    }
 }

@@ -25,6 +25,7 @@ public:
     static void setFailureHandler(std::function<void(const QString &reason)> handler);
 
     /// Closes every database connection of the process, for an end at which nothing is destroyed any more.
+    /// Where the last COMMIT failed and left the transaction open, it is run once more before.
     static void closeAll();
 
 private:
