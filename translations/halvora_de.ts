@@ -231,6 +231,17 @@
     </message>
 </context>
 <context>
+    <name>DBUtils</name>
+    <message>
+        <source>the database is not open</source>
+        <translation>Die Datenbank ist nicht geöffnet</translation>
+    </message>
+    <message>
+        <source>the row to be changed is missing</source>
+        <translation>Der zu ändernde Eintrag fehlt</translation>
+    </message>
+</context>
+<context>
     <name>DatabaseGuard</name>
     <message>
         <source>The bookmarks file %1 is damaged, and nothing could be put in its place.</source>
@@ -1236,6 +1247,10 @@ Was Sie herunterladen, erscheint hier Tag für Tag.</translation>
     <message>
         <source>the database does not say why</source>
         <translation>Die Datenbank nennt keinen Grund</translation>
+    </message>
+    <message>
+        <source>Changes made since %1 are not saved.</source>
+        <translation>Änderungen seit %1 sind nicht gespeichert.</translation>
     </message>
 </context>
 </TS>

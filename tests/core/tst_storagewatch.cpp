@@ -21,6 +21,7 @@ using namespace std::chrono_literals;
 class StorageWatchTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void whatCanNotBeWrittenIsToldUntilItCan_data();
     void whatCanNotBeWrittenIsToldUntilItCan();
@@ -33,8 +34,27 @@ private Q_SLOTS:
     void looksLeaveNothingBehind();
     void aFileThatIsGoneOrAnotherOneIsTold();
     void aLookKeepsTheLocksOfTheDatabase();
+    void aChangeOfAConnectionThatDidNotOpenIsUnsaved();
+    void aFailedChangeStaysUnsaved_data();
+    void aFailedChangeStaysUnsaved();
+    void theFirstUnsavedChangeCounts();
+    void whatIsReadAgainIsNoLongerUnsaved_data();
+    void whatIsReadAgainIsNoLongerUnsaved();
+    void aLaterCommitSavesWhatALockKeptBack();
+    void rowsThatAreShownLaterAreNoReadingAnew();
+    void aCommitThatWasTakenBackStaysUnsaved();
+    void aTransactionThatVanishedIsUnsaved();
+    void aTransactionThatOnlyReadLosesNothing();
+    void whatARemovedConnectionDidNotSaveStaysUnsaved();
+    void eachDatabaseCountsForItself();
 
 private:
+    using Statements = std::initializer_list<const char *>;
+    /// Runs each statement and hands it in, at the time of the clock.
+    static void run(BookmarkFile &file, Statements statements);
+    /// What the line says once a look has found nothing wrong with the file.
+    QString lineAfterALook();
+    static QString since(const QTime &time);
     QString sentence(const QString &reason) const
     {
         return QStringLiteral("Bookmarks are not being saved: ") + reason;
@@ -46,7 +66,13 @@ private:
     std::unique_ptr<QTemporaryDir> m_profile;
     std::unique_ptr<StorageManager> m_storage;
     QString m_path;
+    QDateTime m_now;
 };
+
+void StorageWatchTest::initTestCase()
+{
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+}
 
 void StorageWatchTest::init()
 {
@@ -59,6 +85,8 @@ void StorageWatchTest::open(const QString &folder)
 {
     m_storage = std::make_unique<StorageManager>(folder);
     m_storage->setCheckInterval(1h);
+    m_now = QDateTime(QDate(2026, 11, 20), QTime(14, 5, 59));
+    m_storage->setClock([this] { return m_now; });
     m_path = m_storage->databasePath(QStringLiteral("corvia"));
 }
 
@@ -274,6 +302,216 @@ void StorageWatchTest::aLookKeepsTheLocksOfTheDatabase()
     QTRY_COMPARE(m_storage->writeProblem(), QString());
     QCOMPARE(m_storage->databasePath(QStringLiteral("corvia")), m_path);
     QVERIFY(isLockedForOthers(m_path));
+}
+
+void StorageWatchTest::run(BookmarkFile &file, Statements statements)
+{
+    for (const char *statement : statements) {
+        QSqlQuery query(file.database());
+        query.exec(QLatin1String(statement));
+        DBUtils::checkForErrors(query);
+    }
+}
+
+QString StorageWatchTest::lineAfterALook()
+{
+    m_storage->checkNow();
+    const auto isProblem = [this] { return m_storage->writeProblem().startsWith(sentence({})); };
+    return QTest::qWaitFor([&] { return !isProblem(); }, 60'000) ? m_storage->writeProblem()
+                                                                 : QStringLiteral("no look");
+}
+
+QString StorageWatchTest::since(const QTime &time)
+{
+    return QStringLiteral("Changes made since %1 are not saved.").arg(time.toString(QStringLiteral("HH:mm")));
+}
+
+void StorageWatchTest::aFailedChangeStaysUnsaved_data()
+{
+    QTest::addColumn<QString>("statement");
+    QTest::newRow("insert") << QStringLiteral("INSERT INTO absent VALUES (1)");
+    QTest::newRow("replace") << QStringLiteral("REPLACE INTO absent VALUES (1)");
+    QTest::newRow("update") << QStringLiteral("UPDATE absent SET title = 'a'");
+    QTest::newRow("update of a missing row") << QStringLiteral("UPDATE bookmarks SET title = 'a'");
+    QTest::newRow("delete") << QStringLiteral("DELETE FROM absent WHERE title = 'a'");
+    QTest::newRow("delete of all") << QStringLiteral("delete from absent");
+}
+
+void StorageWatchTest::aFailedChangeStaysUnsaved()
+{
+    QFETCH(QString, statement);
+    BookmarkFile file(m_path);
+    QSignalSpy spy(m_storage.get(), &StorageManager::writeProblemChanged);
+    run(file, {"BEGIN TRANSACTION"});
+    m_now = m_now.addSecs(60);
+    run(file, {qPrintable(statement), "COMMIT TRANSACTION"});
+    const QString line = since(QTime(14, 5));
+    QVERIFY2(m_storage->writeProblem().startsWith(sentence({})), qPrintable(m_storage->writeProblem()));
+    QVERIFY2(m_storage->writeProblem().endsWith(QStringLiteral(". ") + line),
+             qPrintable(m_storage->writeProblem()));
+    QCOMPARE(spy.size(), 1);
+    QCOMPARE(lineAfterALook(), line);
+    run(file, {"BEGIN TRANSACTION", "COMMIT TRANSACTION"}); // of a change that succeeds, unseen
+    run(file, {"SELECT title FROM bookmarks"});             // of some rows, when they are first shown
+    QCOMPARE(lineAfterALook(), line);
+    QCOMPARE(spy.size(), 2);
+}
+
+void StorageWatchTest::aChangeOfAConnectionThatDidNotOpenIsUnsaved()
+{
+    BookmarkFile file(m_profile->filePath(QStringLiteral("absent/corvia.sqlite")));
+    QSqlQuery query(file.database());
+    QVERIFY(!query.prepare(QStringLiteral("INSERT INTO bookmarks (title) VALUES ('one')")));
+    DBUtils::checkForErrors(query);
+    QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+}
+
+void StorageWatchTest::theFirstUnsavedChangeCounts()
+{
+    BookmarkFile file(m_path);
+    run(file, {"INSERT INTO absent VALUES (1)"});
+    m_now = m_now.addSecs(3600);
+    run(file, {"INSERT INTO absent VALUES (1)"});
+    QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+}
+
+void StorageWatchTest::whatIsReadAgainIsNoLongerUnsaved_data()
+{
+    QTest::addColumn<QStringList>("statements");
+    QTest::addColumn<bool>("isSaved");
+    const QString begin = QStringLiteral("BEGIN TRANSACTION");
+    const QString commit = QStringLiteral("COMMIT TRANSACTION");
+    const QString read = QStringLiteral("SELECT title FROM bookmarks");
+    const QString badRead = QStringLiteral("SELECT title FROM absent");
+    const QString clear = QStringLiteral("DELETE FROM bookmarks");
+    const QString change = QStringLiteral("DELETE FROM bookmarks WHERE title = 'a'");
+    const QString badChange = QStringLiteral("INSERT INTO absent VALUES (1)");
+    QTest::newRow("read") << QStringList{begin, read, read, commit} << true;
+    QTest::newRow("not committed") << QStringList{begin, read, read} << false;
+    QTest::newRow("read in part") << QStringList{begin, badRead, read, commit} << false;
+    QTest::newRow("read in part at the end") << QStringList{begin, read, badRead, commit} << false;
+    QTest::newRow("read and changed") << QStringList{begin, read, change, commit} << false;
+    QTest::newRow("changed and read") << QStringList{begin, change, read, commit} << false;
+    QTest::newRow("read and not changed") << QStringList{begin, read, badChange, commit} << false;
+    QTest::newRow("cleared") << QStringList{begin, clear, commit} << true;
+    QTest::newRow("cleared at once") << QStringList{clear} << true;
+    QTest::newRow("clearing not committed") << QStringList{begin, clear} << false;
+    QTest::newRow("changed") << QStringList{begin, change, commit} << false;
+    QTest::newRow("nothing") << QStringList{begin, commit} << false;
+}
+
+void StorageWatchTest::whatIsReadAgainIsNoLongerUnsaved()
+{
+    QFETCH(QStringList, statements);
+    QFETCH(bool, isSaved);
+    BookmarkFile file(m_path);
+    run(file, {"BEGIN TRANSACTION", "INSERT INTO absent VALUES (1)", "COMMIT TRANSACTION"});
+    QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+    for (const QString &statement : qAsConst(statements))
+        run(file, {qPrintable(statement)});
+    QCOMPARE(lineAfterALook(), isSaved ? QString() : since(QTime(14, 5)));
+}
+
+void StorageWatchTest::aLaterCommitSavesWhatALockKeptBack()
+{
+    BookmarkFile file(m_path);
+    {
+        const ForeignLock lock(m_path, ForeignLock::Reads);
+        QVERIFY(lock.isHeld());
+        run(file, {"BEGIN TRANSACTION"});
+        QVERIFY(file.add(QStringLiteral("kept back")));
+        run(file, {"COMMIT TRANSACTION"});
+        QCOMPARE(m_storage->writeProblem(),
+                 sentence(QStringLiteral("database is locked. ")) + since(QTime(14, 5)));
+        QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+        m_now = m_now.addSecs(3600);
+        run(file, {"BEGIN TRANSACTION", "COMMIT TRANSACTION"}); // within the transaction that is open
+        QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+        run(file, {"SELECT title FROM bookmarks"}); // sees what is not committed
+    }
+    run(file, {"BEGIN TRANSACTION"});
+    QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+    QVERIFY(file.add(QStringLiteral("new")));
+    run(file, {"COMMIT TRANSACTION"});
+    QTRY_COMPARE(m_storage->writeProblem(), QString()); // without being asked to look
+    QCOMPARE(BookmarkFile::titlesOf(m_path),
+             (QStringList{QStringLiteral("kept back"), QStringLiteral("new")}));
+}
+
+void StorageWatchTest::rowsThatAreShownLaterAreNoReadingAnew()
+{
+    BookmarkFile file(m_path);
+    run(file, {"INSERT INTO absent VALUES (1)"});
+    {
+        const ForeignLock lock(m_path, ForeignLock::Reads);
+        QVERIFY(lock.isHeld());
+        run(file, {"BEGIN TRANSACTION"});
+        QVERIFY(file.add(QStringLiteral("kept back")));
+        run(file, {"COMMIT TRANSACTION"});
+    }
+    run(file, {"SELECT title FROM bookmarks", "BEGIN TRANSACTION", "COMMIT TRANSACTION"});
+    QCOMPARE(BookmarkFile::titlesOf(m_path), QStringList(QStringLiteral("kept back")));
+    QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+}
+
+// As a full disk does.
+void StorageWatchTest::aCommitThatWasTakenBackStaysUnsaved()
+{
+    BookmarkFile file(m_path);
+    run(file, {"BEGIN TRANSACTION"});
+    QVERIFY(file.run(QStringLiteral("ROLLBACK")));
+    run(file, {"COMMIT TRANSACTION"});
+    QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+    run(file, {"BEGIN TRANSACTION", "COMMIT TRANSACTION"});
+    QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+}
+
+// Closing a connection rolls back what is open.
+void StorageWatchTest::aTransactionThatVanishedIsUnsaved()
+{
+    BookmarkFile file(m_path);
+    {
+        const ForeignLock lock(m_path, ForeignLock::Reads);
+        QVERIFY(lock.isHeld());
+        run(file, {"BEGIN TRANSACTION"});
+        QVERIFY(file.add(QStringLiteral("kept back")));
+        run(file, {"COMMIT TRANSACTION"});
+    }
+    file.database().close();
+    QVERIFY(file.database().open());
+    run(file, {"BEGIN TRANSACTION", "COMMIT TRANSACTION"});
+    QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+}
+
+void StorageWatchTest::aTransactionThatOnlyReadLosesNothing()
+{
+    BookmarkFile file(m_path);
+    run(file, {"BEGIN TRANSACTION", "SELECT title FROM bookmarks"});
+    QVERIFY(file.run(QStringLiteral("ROLLBACK")));
+    run(file, {"COMMIT TRANSACTION"});
+    QCOMPARE(lineAfterALook(), QString());
+}
+
+void StorageWatchTest::whatARemovedConnectionDidNotSaveStaysUnsaved()
+{
+    {
+        BookmarkFile file(m_path);
+        run(file, {"INSERT INTO absent VALUES (1)"});
+    }
+    QCOMPARE(lineAfterALook(), since(QTime(14, 5)));
+}
+
+void StorageWatchTest::eachDatabaseCountsForItself()
+{
+    BookmarkFile one(m_path);
+    BookmarkFile other(m_storage->databasePath(QStringLiteral("other")));
+    run(one, {"INSERT INTO absent VALUES (1)"});
+    m_now = m_now.addSecs(3600);
+    run(other, {"INSERT INTO absent VALUES (1)"});
+    run(one, {"BEGIN", "SELECT title FROM bookmarks", "COMMIT"});
+    QCOMPARE(lineAfterALook(), since(QTime(15, 5)));
+    run(other, {"BEGIN", "SELECT title FROM bookmarks", "COMMIT"});
+    QCOMPARE(lineAfterALook(), QString());
 }
 
 QTEST_GUILESS_MAIN(StorageWatchTest)

@@ -32,7 +32,7 @@ private:
 
 void WriteAlarmTest::init()
 {
-    m_alarm = std::make_unique<WriteAlarm>();
+    m_alarm = std::make_unique<WriteAlarm>(&QDateTime::currentDateTime);
     m_alarm->watch().setInterval(1h);
 }
 

@@ -21,6 +21,12 @@ std::function<void(const QString &)> &failureHandler()
     return handler;
 }
 
+std::function<void(const QSqlQuery &, bool)> &statementHandler()
+{
+    static std::function<void(const QSqlQuery &, bool)> handler;
+    return handler;
+}
+
 QString wordsOf(const QSqlError &error)
 {
     return error.databaseText().isEmpty() ? error.text() : error.databaseText();
@@ -48,6 +54,9 @@ void DBUtils::checkForErrors(const QSqlQuery &query)
     const std::optional<QString> failure = failureOf(query);
     databaseconnection::limitBusyTime(query);
     databaseconnection::noteCommit(query, failure.has_value());
+    // A query that was prepared and not run yet is not active.
+    if (statementHandler() && (failure || query.isActive()))
+        statementHandler()(query, failure.has_value());
     if (!failure)
         return;
     qCWarning(logDatabase).noquote() << query.lastQuery() << "failed:" << *failure;
@@ -58,6 +67,11 @@ void DBUtils::checkForErrors(const QSqlQuery &query)
 void DBUtils::setFailureHandler(std::function<void(const QString &)> handler)
 {
     failureHandler() = std::move(handler);
+}
+
+void DBUtils::setStatementHandler(std::function<void(const QSqlQuery &, bool)> handler)
+{
+    statementHandler() = std::move(handler);
 }
 
 void DBUtils::closeAll()

@@ -15,12 +15,15 @@ class QSqlQuery;
 class HALVORA_CORE_EXPORT DBUtils {
     Q_DECLARE_TR_FUNCTIONS(DBUtils)
 public:
-    /// Logs why the last statement of @p query failed and notifies the failure handler. Does nothing when it
-    /// did not fail. A query of a connection that is not open has failed, and so
+    /// Logs why the last statement of @p query failed and notifies the failure handler; only the statement
+    /// handler learns of one that did not fail. A query of a connection that is not open has failed, and so
     /// has an UPDATE that changed no row. The first query of a connection limits for how long that waits for
     /// the lock of another program.
     static void checkForErrors(const QSqlQuery &query);
 
+    /// Receives each statement that was run, or could not be, and whether it failed; before the failure
+    /// handler does.
+    static void setStatementHandler(std::function<void(const QSqlQuery &query, bool hasFailed)> handler);
     /// Told of each failure with the database's own words; an empty function for nobody.
     static void setFailureHandler(std::function<void(const QString &reason)> handler);
 

@@ -32,7 +32,7 @@ StorageManager::StorageManager(const QString &profile)
     : m_profile(profile.isEmpty() ? QString() : QDir::cleanPath(QDir(profile).absolutePath()))
     , m_downloadFolderName(QStringLiteral("Halvora"))
     , m_clock(&QDateTime::currentDateTime)
-    , m_alarm(std::make_unique<WriteAlarm>())
+    , m_alarm(std::make_unique<WriteAlarm>([this] { return m_clock(); }))
 {
     connect(m_alarm.get(), &WriteAlarm::changed, this, &StorageManager::writeProblemChanged);
 }

@@ -52,7 +52,8 @@ public:
 
     /// The sentences for which noticeRaised() had no listener yet; each is given once.
     QStringList takeNotices();
-    /// Why the bookmarks are not being saved, as one sentence in the user's language; empty when they are.
+    /// Why bookmarks are not being saved, and since when changes are not saved, in the user's language;
+    /// empty when everything is.
     QString writeProblem() const;
 
     /// Replaces the system's clock, before the first database is asked for.
@@ -66,7 +67,8 @@ Q_SIGNALS:
     /// Something has happened to a database that the user has to know.
     void noticeRaised(const QString &sentence);
     /// @p sentence is writeProblem(). A problem is raised by whoever meets it first, and goes only when a
-    /// look that began afterwards has found everything in order.
+    /// look that began afterwards has found everything in order. That changes are not saved goes when they
+    /// are, or when their store was read again or emptied.
     void writeProblemChanged(const QString &sentence);
 
 private:

@@ -8,16 +8,23 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QPointer>
+#include <QStringList>
 
-WriteAlarm::WriteAlarm()
-    : m_watch(std::make_unique<StorageWatch>())
+WriteAlarm::WriteAlarm(Clock clock)
+    : m_clock(std::move(clock))
+    , m_watch(std::make_unique<StorageWatch>())
 {
     connect(m_watch.get(), &StorageWatch::checked, this, &WriteAlarm::applyFinding);
     // The handler is the process's, and may be called when this is gone.
     DBUtils::setFailureHandler([self = QPointer<WriteAlarm>(this)](const QString &reason) {
         if (self)
             self->noteFailure(reason);
+    });
+    DBUtils::setStatementHandler([self = QPointer<WriteAlarm>(this)](const QSqlQuery &query, bool hasFailed) {
+        if (self)
+            self->noteStatement(query, hasFailed);
     });
 }
 
@@ -29,6 +36,22 @@ WriteAlarm::~WriteAlarm()
 }
 
 QString WriteAlarm::sentence() const
+{
+    QStringList sentences{problem(), unsaved()};
+    sentences.removeAll(QString());
+    return sentences.join(QStringLiteral(". "));
+}
+
+QString WriteAlarm::unsaved() const
+{
+    const QDateTime since = m_changes.since();
+    if (!since.isValid())
+        return {};
+    return tr("Changes made since %1 are not saved.")
+        .arg(QLocale().toString(since.time(), QLocale::ShortFormat));
+}
+
+QString WriteAlarm::problem() const
 {
     using Problem = WriteCheck::Problem;
     const QString folder = QFileInfo(m_file).path();
@@ -51,6 +74,16 @@ QString WriteAlarm::sentence() const
         break;
     }
     return m_failure.isEmpty() ? QString() : start.arg(m_failure);
+}
+
+void WriteAlarm::noteStatement(const QSqlQuery &query, bool hasFailed)
+{
+    const QDateTime before = m_changes.since();
+    m_changes.note(query, hasFailed, m_clock());
+    if (hasFailed || m_changes.since() == before)
+        return;          // noteFailure() follows where it failed
+    m_watch->checkNow(); // what failed on the way may be over
+    tell();
 }
 
 void WriteAlarm::noteFailure(const QString &reason)

@@ -3,36 +3,46 @@
 #pragma once
 
 #include "storagewatch.h"
+#include "unsavedchanges.h"
 
+#include <QDateTime>
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 /// Knows whether what is written to the databases reaches the disk, from two sources: the failures that
 /// DBUtils meets, and the watch. Either raises the alarm; it ends only when a look of the watch that began
-/// afterwards has found everything in order. GUI thread.
+/// afterwards has found everything in order, and not while a change is unsaved. GUI thread.
 class WriteAlarm final : public QObject {
     Q_OBJECT
 public:
-    /// From now on it is told what DBUtils finds.
-    WriteAlarm();
+    using Clock = std::function<QDateTime()>;
+
+    /// Takes in what DBUtils sees from now on. @p clock gives the user's own time.
+    explicit WriteAlarm(Clock clock);
     /// Ends the watch, for which it waits two seconds at most.
     ~WriteAlarm() override;
 
     StorageWatch &watch() { return *m_watch; }
-    /// The problem as one sentence in the user's language, empty for none.
+    /// The problem and since when changes are unsaved, in the user's language; empty for neither.
     QString sentence() const;
 
 Q_SIGNALS:
     void changed(const QString &sentence);
 
 private:
+    QString problem() const;
+    QString unsaved() const;
+    void noteStatement(const QSqlQuery &query, bool hasFailed);
     void noteFailure(const QString &reason);
     void applyFinding();
     void tell();
 
+    const Clock m_clock;
     std::unique_ptr<StorageWatch> m_watch;
+    UnsavedChanges m_changes;
     WriteCheck::Problem m_problem = WriteCheck::Problem::None; ///< what the watch found
     QString m_file;                                            ///< where it found that
     QString m_failure;                                         ///< in the database's own words
