@@ -244,16 +244,24 @@
 <context>
     <name>DatabaseGuard</name>
     <message>
-        <source>The bookmarks file %1 is damaged, and nothing could be put in its place.</source>
-        <translation>Die Lesezeichendatei %1 ist beschädigt und konnte nicht ersetzt werden.</translation>
+        <source>%1 %2 is damaged, and nothing could be put in its place.</source>
+        <translation>%1 %2 ist beschädigt und konnte nicht ersetzt werden.</translation>
     </message>
     <message>
-        <source>The bookmarks file was damaged and there is no copy of it; the damaged file was kept as %1.</source>
-        <translation>Die Lesezeichendatei war beschädigt, und es gibt keine Kopie davon; die beschädigte Datei wurde als %1 aufgehoben.</translation>
+        <source>%1 was damaged and there is no copy of it; the damaged file was kept as %2.</source>
+        <translation>%1 war beschädigt, und es gibt keine Kopie davon; die beschädigte Datei wurde als %2 aufgehoben.</translation>
     </message>
     <message>
-        <source>The bookmarks file was damaged; the copy of %1 is in use and the damaged file was kept as %2.</source>
-        <translation>Die Lesezeichendatei war beschädigt; verwendet wird die Kopie vom %1, die beschädigte Datei wurde als %2 aufgehoben.</translation>
+        <source>%1 was damaged; the copy of %2 is in use and the damaged file was kept as %3.</source>
+        <translation>%1 war beschädigt; verwendet wird die Kopie vom %2, die beschädigte Datei wurde als %3 aufgehoben.</translation>
+    </message>
+    <message>
+        <source>The bookmarks file</source>
+        <translation>Die Lesezeichendatei</translation>
+    </message>
+    <message>
+        <source>The messages file</source>
+        <translation>Die Nachrichtendatei</translation>
     </message>
 </context>
 <context>
@@ -1251,6 +1259,10 @@ Was Sie herunterladen, erscheint hier Tag für Tag.</translation>
     <message>
         <source>Changes made since %1 are not saved.</source>
         <translation>Änderungen seit %1 sind nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>Messages are not being saved: %1</source>
+        <translation>Die Nachrichten werden nicht gespeichert: %1</translation>
     </message>
 </context>
 </TS>

@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+Q_DECLARE_METATYPE(StorageManager::Contents)
+
 /// What happens to damaged databases.
 class StorageGuardTest : public QObject {
     Q_OBJECT
@@ -38,6 +40,8 @@ private Q_SLOTS:
     void whatCanNotBeReplacedStaysAsItIs();
     void aLinkStaysALink();
     void aNoticeIsToldOnceOrWaits();
+    void aNoticeNamesWhatTheFileKeeps_data();
+    void aNoticeNamesWhatTheFileKeeps();
 
 private:
     QString path(const QString &name = QStringLiteral("corvia")) const
@@ -408,6 +412,32 @@ void StorageGuardTest::aNoticeIsToldOnceOrWaits()
     QCOMPARE(waiting.size(), 1);
     QVERIFY(waiting.constFirst().contains(QLatin1String("early-damaged-")));
     QCOMPARE(storage.takeNotices(), QStringList());
+}
+
+void StorageGuardTest::aNoticeNamesWhatTheFileKeeps_data()
+{
+    QTest::addColumn<StorageManager::Contents>("contents");
+    QTest::addColumn<QString>("subject");
+    QTest::newRow("bookmarks") << StorageManager::Contents::Bookmarks
+                               << QStringLiteral("The bookmarks file ");
+    QTest::newRow("messages") << StorageManager::Contents::Messages << QStringLiteral("The messages file ");
+}
+
+void StorageGuardTest::aNoticeNamesWhatTheFileKeeps()
+{
+    QFETCH(StorageManager::Contents, contents);
+    QFETCH(QString, subject);
+    StorageManager storage(m_profile->path());
+    const auto notice = [&](const char *name) {
+        BookmarkFile::setBytes(path(QLatin1String(name)), "no database");
+        storage.databasePath(QLatin1String(name), contents);
+        return storage.takeNotices().value(0);
+    };
+    QVERIFY2(notice("alone").startsWith(subject + QStringLiteral("was damaged and ")), "no copy");
+    QVERIFY(QDir(m_profile->path()).mkdir(QStringLiteral("backups")));
+    BookmarkFile::add(m_profile->filePath(QStringLiteral("backups/copied-2026-11-20.backup.sqlite")),
+                      QStringLiteral("one"));
+    QVERIFY2(notice("copied").startsWith(subject + QStringLiteral("was damaged; ")), "copy");
 }
 
 QTEST_GUILESS_MAIN(StorageGuardTest)

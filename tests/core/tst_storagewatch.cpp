@@ -47,6 +47,7 @@ private Q_SLOTS:
     void aTransactionThatOnlyReadLosesNothing();
     void whatARemovedConnectionDidNotSaveStaysUnsaved();
     void eachDatabaseCountsForItself();
+    void theLineNamesWhatIsNotSaved();
 
 private:
     using Statements = std::initializer_list<const char *>;
@@ -512,6 +513,28 @@ void StorageWatchTest::eachDatabaseCountsForItself()
     QCOMPARE(lineAfterALook(), since(QTime(15, 5)));
     run(other, {"BEGIN", "SELECT title FROM bookmarks", "COMMIT"});
     QCOMPARE(lineAfterALook(), QString());
+}
+
+void StorageWatchTest::theLineNamesWhatIsNotSaved()
+{
+    const QString path = m_storage->databasePath(QStringLiteral("other"), StorageManager::Contents::Messages);
+    const QString start = QStringLiteral("Messages are not being saved: ");
+    {
+        BookmarkFile messages(path);
+        run(messages, {"SELECT title FROM absent"});
+        QCOMPARE(m_storage->writeProblem(), start + QStringLiteral("no such table: absent"));
+        fail(); // of the bookmarks; the first one is the cause
+        QCOMPARE(m_storage->writeProblem(), start + QStringLiteral("no such table: absent"));
+    }
+    m_storage->checkNow();
+    QTRY_COMPARE(m_storage->writeProblem(), QString());
+    fail();
+    QCOMPARE(m_storage->writeProblem(), sentence(QStringLiteral("no such table: absent")));
+    if (!putFolderInPlace(path))
+        QSKIP("The file system can not exchange two names.");
+    m_storage->checkNow();
+    QTRY_COMPARE(m_storage->writeProblem(), start + path + QStringLiteral(" is not a file"));
+    QVERIFY(takeFolderAway(path));
 }
 
 QTEST_GUILESS_MAIN(StorageWatchTest)

@@ -1,7 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "obstacles.h"
+
 #include <halvora/core.h>
 #include <halvora/hmessagemanager.h>
+#include <halvora/storagemanager.h>
 #include <halvora/stringformat.h>
 
 #include <QAbstractItemModelTester>
@@ -64,6 +67,8 @@ private Q_SLOTS:
     void clearingForgetsAllButWhatWasDeleted();
     void onlyTheNewestTenThousandAreKept();
     void aDatabaseThatCanNotBeOpenedDoesNotEmptyTheList();
+    void aDamagedFileOfMessagesIsReportedAsOne();
+    void messagesThatAreNotSavedAreReportedAsMessages();
 
 private:
     void restart();
@@ -446,6 +451,34 @@ void HMessageManagerTest::aDatabaseThatCanNotBeOpenedDoesNotEmptyTheList()
     receive({message("b", 2)});
     QCOMPARE(uids(), QStringList{QStringLiteral("a")});
     QVERIFY(m_manager->messageAt(0).isRead());
+}
+
+void HMessageManagerTest::aDamagedFileOfMessagesIsReportedAsOne()
+{
+    cleanup();
+    QFile file(databaseFile());
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("no messages") > 0);
+    file.close();
+    restart(); // with the account of the last run
+    const QString notice = m_core->storage()->takeNotices().value(0);
+    QVERIFY2(notice.startsWith(QLatin1String("The messages file was damaged")), qPrintable(notice));
+}
+
+void HMessageManagerTest::messagesThatAreNotSavedAreReportedAsMessages()
+{
+    receive({message("a", 1)});
+    {
+        const ForeignLock lock(databaseFile(), ForeignLock::Reads);
+        QVERIFY(lock.isHeld());
+        receive({message("b", 2)});
+    }
+    const QString problem = m_core->storage()->writeProblem();
+    QVERIFY2(problem.startsWith(QLatin1String("Messages are not being saved: database is locked. Changes ")),
+             qPrintable(problem));
+    receive({message("c", 3)}); // is committed with the one before
+    QTRY_COMPARE(m_core->storage()->writeProblem(), QString());
+    restart();
+    QCOMPARE(uids().join(QLatin1Char(' ')), QStringLiteral("c b a"));
 }
 
 QTEST_MAIN(HMessageManagerTest)

@@ -32,8 +32,10 @@ public:
         int position = 0;
         for (const QVariant &value : values)
             m_query.bindValue(position++, value);
-        if (m_prepared && !m_query.exec())
+        if (m_prepared) {
+            m_query.exec();
             DBUtils::checkForErrors(m_query);
+        }
         return m_query;
     }
 
@@ -100,7 +102,7 @@ QSqlDatabase MessageStore::database()
         return QSqlDatabase::database(m_connection, false);
     m_open = true;
     QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
-    connection.setDatabaseName(m_storage->databasePath(m_name));
+    connection.setDatabaseName(m_storage->databasePath(m_name, StorageManager::Contents::Messages));
     connection.open();
     Statement(connection, QStringLiteral("PRAGMA synchronous = OFF")).run();
     Statement(connection,

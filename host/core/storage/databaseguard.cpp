@@ -19,8 +19,9 @@ const char *const companions[] = {"-journal", "-wal", "-shm"};
 
 } // namespace
 
-DatabaseGuard::DatabaseGuard(const QString &file, const QDateTime &now)
-    : m_now(now)
+DatabaseGuard::DatabaseGuard(const QString &file, StorageManager::Contents contents, const QDateTime &now)
+    : m_contents(contents)
+    , m_now(now)
     , m_backups(file, now.date())
     , m_file(QFileInfo(file).canonicalFilePath())
 {
@@ -60,7 +61,7 @@ QString DatabaseGuard::mend()
     }
     if (!successor.isEmpty())
         QFile::remove(successor);
-    return tr("The bookmarks file %1 is damaged, and nothing could be put in its place.").arg(m_file);
+    return tr("%1 %2 is damaged, and nothing could be put in its place.").arg(subject(), m_file);
 }
 
 QString DatabaseGuard::unusedName() const
@@ -97,9 +98,20 @@ QString DatabaseGuard::sentence(const QDate &copied, const QString &aside) const
 {
     const QString name = QFileInfo(aside).fileName();
     if (copied.isNull())
-        return tr("The bookmarks file was damaged and there is no copy of it; the damaged file was kept as "
-                  "%1.")
-            .arg(name);
-    return tr("The bookmarks file was damaged; the copy of %1 is in use and the damaged file was kept as %2.")
-        .arg(QLocale().toString(copied, QLocale::LongFormat), name);
+        return tr("%1 was damaged and there is no copy of it; the damaged file was kept as %2.")
+            .arg(subject(), name);
+    return tr("%1 was damaged; the copy of %2 is in use and the damaged file was kept as %3.")
+        .arg(subject(), QLocale().toString(copied, QLocale::LongFormat), name);
+}
+
+// The beginning of each sentence.
+QString DatabaseGuard::subject() const
+{
+    switch (m_contents) {
+    case StorageManager::Contents::Bookmarks:
+        return tr("The bookmarks file");
+    case StorageManager::Contents::Messages:
+        return tr("The messages file");
+    }
+    return {};
 }

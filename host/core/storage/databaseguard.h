@@ -4,6 +4,8 @@
 
 #include "databasebackups.h"
 
+#include <halvora/storagemanager.h>
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QString>
@@ -14,8 +16,8 @@
 class DatabaseGuard {
     Q_DECLARE_TR_FUNCTIONS(DatabaseGuard)
 public:
-    /// @p now is the user's own time.
-    DatabaseGuard(const QString &file, const QDateTime &now);
+    /// @p contents is what @p file keeps, @p now is the user's own time.
+    DatabaseGuard(const QString &file, StorageManager::Contents contents, const QDateTime &now);
 
     /// To be called while nobody has the file open. What the user has to know in one sentence, mostly
     /// nothing.
@@ -26,7 +28,9 @@ private:
     QString unusedName() const;
     bool moveAside(const QString &aside, const QString &successor) const;
     QString sentence(const QDate &copied, const QString &aside) const;
+    QString subject() const;
 
+    const StorageManager::Contents m_contents;
     const QDateTime m_now;
     const DatabaseBackups m_backups;
     const QString m_file; ///< where the contents are, when the name given is a link

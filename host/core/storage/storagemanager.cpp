@@ -51,15 +51,20 @@ QString StorageManager::dataDirectory() const
 
 QString StorageManager::databasePath(const QString &storageName)
 {
+    return databasePath(storageName, Contents::Bookmarks);
+}
+
+QString StorageManager::databasePath(const QString &storageName, Contents contents)
+{
     const QString name = fileName(storageName, QStringLiteral("halvora"));
     QString path = QDir(dataDirectory()).filePath(name + QStringLiteral(".sqlite"));
     if (m_guarded.contains(path))
         return path;
     m_guarded.insert(path);
-    const QString sentence = DatabaseGuard(path, m_clock()).keepSafe();
+    const QString sentence = DatabaseGuard(path, contents, m_clock()).keepSafe();
     if (!sentence.isEmpty())
         raiseNotice(sentence);
-    m_alarm->watch().add(path);
+    m_alarm->add(path, contents);
     return path;
 }
 

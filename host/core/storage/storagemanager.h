@@ -24,6 +24,8 @@ class HALVORA_CORE_EXPORT StorageManager : public QObject {
 public:
     /// The user's own time.
     using Clock = std::function<QDateTime()>;
+    /// What a database keeps, for the sentences about it.
+    enum class Contents { Bookmarks, Messages };
 
     /// Everything lives in @p profile when it is given, otherwise in the user's XDG folders. From now on it
     /// is told what DBUtils finds.
@@ -39,7 +41,10 @@ public:
     /// first call for each name checks the file, which may take as long as reading it, puts a damaged one
     /// aside and its newest good copy in its place, makes today's copy of one that has changed, and begins to
     /// watch whether the file can be written. A file that is not there is not made.
+    /// It keeps bookmarks.
     QString databasePath(const QString &storageName);
+    /// The same for a database that keeps @p contents.
+    QString databasePath(const QString &storageName, Contents contents);
 
     /// Names the folder for downloads within the user's own; the name is cleaned with fileName().
     void setDownloadFolderName(const QString &name);

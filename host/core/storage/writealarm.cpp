@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "writealarm.h"
 
+#include "databaseconnection.h"
 #include "databaselog.h"
 
 #include <halvora/dbutils.h>
@@ -10,9 +11,26 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QPointer>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QStringList>
 
-WriteAlarm::WriteAlarm(Clock clock)
+namespace {
+
+QString notSaved(StorageManager::Contents contents)
+{
+    switch (contents) {
+    case StorageManager::Contents::Bookmarks:
+        return WriteAlarm::tr("Bookmarks are not being saved: %1");
+    case StorageManager::Contents::Messages:
+        return WriteAlarm::tr("Messages are not being saved: %1");
+    }
+    return {};
+}
+
+} // namespace
+
+WriteAlarm::WriteAlarm(StorageManager::Clock clock)
     : m_clock(std::move(clock))
     , m_watch(std::make_unique<StorageWatch>())
 {
@@ -35,6 +53,12 @@ WriteAlarm::~WriteAlarm()
         static_cast<void>(m_watch.release());
 }
 
+void WriteAlarm::add(const QString &file, Contents contents)
+{
+    m_contents.insert(file, contents);
+    m_watch->add(file);
+}
+
 QString WriteAlarm::sentence() const
 {
     QStringList sentences{problem(), unsaved()};
@@ -55,7 +79,7 @@ QString WriteAlarm::problem() const
 {
     using Problem = WriteCheck::Problem;
     const QString folder = QFileInfo(m_file).path();
-    const QString start = tr("Bookmarks are not being saved: %1");
+    const QString start = notSaved(m_contents.value(m_file, Contents::Bookmarks));
     switch (m_problem) {
     case Problem::FolderMissing:
         return start.arg(tr("the folder %1 is missing").arg(folder));
@@ -73,13 +97,17 @@ QString WriteAlarm::problem() const
     case Problem::None:
         break;
     }
-    return m_failure.isEmpty() ? QString() : start.arg(m_failure);
+    if (m_failure.isEmpty())
+        return {};
+    return notSaved(m_contents.value(m_failureFile, Contents::Bookmarks)).arg(m_failure);
 }
 
 void WriteAlarm::noteStatement(const QSqlQuery &query, bool hasFailed)
 {
     const QDateTime before = m_changes.since();
     m_changes.note(query, hasFailed, m_clock());
+    if (hasFailed)
+        m_failedFile = databaseconnection::find(query.driver()).databaseName();
     if (hasFailed || m_changes.since() == before)
         return;          // noteFailure() follows where it failed
     m_watch->checkNow(); // what failed on the way may be over
@@ -89,8 +117,10 @@ void WriteAlarm::noteStatement(const QSqlQuery &query, bool hasFailed)
 void WriteAlarm::noteFailure(const QString &reason)
 {
     // The first of a row is the cause; what follows complains of what the first one left undone.
-    if (m_failure.isEmpty())
+    if (m_failure.isEmpty()) {
         m_failure = reason.isEmpty() ? tr("the database does not say why") : reason;
+        m_failureFile = m_failedFile;
+    }
     m_failures = m_watch->countFailure();
     m_watch->watch(); // whoever raises the alarm sees to it that it ends
     tell();
@@ -116,7 +146,7 @@ void WriteAlarm::tell()
         return;
     m_told = now;
     if (now.isEmpty())
-        qCInfo(logDatabase) << "Bookmarks are being saved again";
+        qCInfo(logDatabase) << "Everything is being saved again";
     else
         qCWarning(logDatabase).noquote() << now;
     Q_EMIT changed(now);
