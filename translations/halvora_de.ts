@@ -263,6 +263,14 @@
         <source>The messages file</source>
         <translation>Die Nachrichtendatei</translation>
     </message>
+    <message>
+        <source>%1 was missing; the copy of %2 is in use.</source>
+        <translation>%1 fehlte; verwendet wird die Kopie vom %2.</translation>
+    </message>
+    <message>
+        <source>%1 %2 is missing, and its copy could not be put in its place.</source>
+        <translation>%1 %2 fehlt, und ihre Kopie konnte nicht an ihren Platz gebracht werden.</translation>
+    </message>
 </context>
 <context>
     <name>DesktopEntry</name>

@@ -40,6 +40,13 @@ private Q_SLOTS:
     void whatCanNotBeReplacedStaysAsItIs();
     void aLinkStaysALink();
     void aNoticeIsToldOnceOrWaits();
+    void aMissingFileComesBackFromItsCopy_data();
+    void aMissingFileComesBackFromItsCopy();
+    void aMissingFileTakesTheNewestGoodCopy();
+    void aJournalOfAMissingFileIsNotPlayedIntoTheCopy();
+    void aMissingTargetOfALinkComesBack();
+    void aMissingFileThatCanNotBeRestoredIsReported();
+    void aFirstStartReportsNothing();
     void aNoticeNamesWhatTheFileKeeps_data();
     void aNoticeNamesWhatTheFileKeeps();
 
@@ -412,6 +419,95 @@ void StorageGuardTest::aNoticeIsToldOnceOrWaits()
     QCOMPARE(waiting.size(), 1);
     QVERIFY(waiting.constFirst().contains(QLatin1String("early-damaged-")));
     QCOMPARE(storage.takeNotices(), QStringList());
+}
+
+void StorageGuardTest::aMissingFileComesBackFromItsCopy_data()
+{
+    QTest::addColumn<StorageManager::Contents>("contents");
+    QTest::addColumn<QString>("notice");
+    const QString date = QLocale().toString(QDate(2026, 11, 20), QLocale::LongFormat);
+    QTest::newRow("bookmarks")
+        << StorageManager::Contents::Bookmarks
+        << QStringLiteral("The bookmarks file was missing; the copy of %1 is in use.").arg(date);
+    QTest::newRow("messages")
+        << StorageManager::Contents::Messages
+        << QStringLiteral("The messages file was missing; the copy of %1 is in use.").arg(date);
+}
+
+void StorageGuardTest::aMissingFileComesBackFromItsCopy()
+{
+    QFETCH(StorageManager::Contents, contents);
+    QFETCH(QString, notice);
+    passADay();
+    QVERIFY(QFile::remove(path()));
+    {
+        StorageManager storage(m_profile->path());
+        storage.databasePath(QStringLiteral("corvia"), contents);
+        QCOMPARE(storage.takeNotices(), QStringList(notice));
+    }
+    QCOMPARE(QDir(m_profile->path()).entryList(QDir::Files), QStringList(QStringLiteral("corvia.sqlite")));
+    QCOMPARE(BookmarkFile::titlesOf(path()), QStringList(QStringLiteral("one")));
+    QCOMPARE(start(), QStringList());
+}
+
+void StorageGuardTest::aMissingFileTakesTheNewestGoodCopy()
+{
+    passADay();
+    BookmarkFile::add(path(), QStringLiteral("two"));
+    QCOMPARE(start(), QStringList());
+    m_now = m_now.addDays(1);
+    QVERIFY(QFile::remove(path()));
+    BookmarkFile::setBytes(m_profile->filePath(QStringLiteral("backups/corvia-2026-11-22.backup.sqlite")),
+                           "no bookmarks");
+    QCOMPARE(start().size(), 1);
+    QCOMPARE(BookmarkFile::titlesOf(path()), (QStringList{QStringLiteral("one"), QStringLiteral("two")}));
+}
+
+void StorageGuardTest::aJournalOfAMissingFileIsNotPlayedIntoTheCopy()
+{
+    passADay();
+    interruptAWrite(path());
+    QVERIFY(QFile::remove(path()));
+    const QByteArray journal = BookmarkFile::bytesOf(path() + QStringLiteral("-journal"));
+    QVERIFY(!journal.isEmpty());
+    QCOMPARE(start().size(), 1);
+    QVERIFY(!QFileInfo::exists(path() + QStringLiteral("-journal")));
+    QCOMPARE(BookmarkFile::titlesOf(path()), QStringList(QStringLiteral("one")));
+    QCOMPARE(keptAside(), QStringList(QStringLiteral("corvia-damaged-20261121-153012.sqlite-journal")));
+    QCOMPARE(BookmarkFile::bytesOf(m_profile->filePath(keptAside().constFirst())), journal);
+}
+
+void StorageGuardTest::aMissingTargetOfALinkComesBack()
+{
+    const QTemporaryDir elsewhere;
+    const QString target = elsewhere.filePath(QStringLiteral("mine.sqlite"));
+    QVERIFY(QFile::link(target, path()));
+    passADay();
+    QVERIFY(QFile::remove(target));
+    QCOMPARE(start().size(), 1);
+    QVERIFY(QFileInfo(path()).isSymLink());
+    QCOMPARE(BookmarkFile::titlesOf(target), QStringList(QStringLiteral("one")));
+}
+
+void StorageGuardTest::aMissingFileThatCanNotBeRestoredIsReported()
+{
+    passADay();
+    QVERIFY(QFile::remove(path()));
+    WriteProtection protection(m_profile->path());
+    if (!protection.problem().isEmpty())
+        QSKIP(qPrintable(protection.problem()));
+    QCOMPARE(start(), QStringList(QStringLiteral("The bookmarks file %1 is missing, and its copy could not "
+                                                 "be put in its place.")
+                                      .arg(path())));
+    protection.release();
+    QCOMPARE(start().size(), 1);
+    QCOMPARE(BookmarkFile::titlesOf(path()), QStringList(QStringLiteral("one")));
+}
+
+void StorageGuardTest::aFirstStartReportsNothing()
+{
+    QCOMPARE(start(), QStringList());
+    QVERIFY(QDir(m_profile->path()).isEmpty());
 }
 
 void StorageGuardTest::aNoticeNamesWhatTheFileKeeps_data()

@@ -17,20 +17,31 @@ namespace {
 // What SQLite keeps beside a file. Left behind, it would be played into the file that comes in its place.
 const char *const companions[] = {"-journal", "-wal", "-shm"};
 
+// Of a file that is missing, where the contents would be.
+QString whereContentsAre(const QString &file)
+{
+    const QFileInfo info(file);
+    if (info.exists())
+        return info.canonicalFilePath();
+    return info.isSymLink() ? info.symLinkTarget() : info.absoluteFilePath();
+}
+
 } // namespace
 
 DatabaseGuard::DatabaseGuard(const QString &file, StorageManager::Contents contents, const QDateTime &now)
     : m_contents(contents)
     , m_now(now)
     , m_backups(file, now.date())
-    , m_file(QFileInfo(file).canonicalFilePath())
+    , m_file(whereContentsAre(file))
 {
 }
 
 QString DatabaseGuard::keepSafe()
 {
     const QFileInfo info(m_file);
-    if (m_file.isEmpty() || !info.isFile())
+    if (!info.exists() && !info.isSymLink())
+        return restoreMissing();
+    if (!info.isFile())
         return {};
     // To SQLite a file of one byte or none is a good database. Beside a copy it is what a power cut left of
     // one.
@@ -47,6 +58,22 @@ QString DatabaseGuard::keepSafe()
             return {};
     } // the connection is gone before the file goes
     return mend();
+}
+
+QString DatabaseGuard::restoreMissing()
+{
+    const DatabaseBackups::Copy copy = m_backups.newestGood();
+    if (copy.date.isNull())
+        return {};
+    const QString successor = m_file + QStringLiteral(".restored");
+    if (DurableFile::copy(copy.file, successor) && moveCompanionsAside(unusedName()) &&
+        DurableFile::replace(successor, m_file)) {
+        qCWarning(logDatabase).noquote() << m_file << "was missing and is now" << copy.file;
+        return tr("%1 was missing; the copy of %2 is in use.")
+            .arg(subject(), QLocale().toString(copy.date, QLocale::LongFormat));
+    }
+    QFile::remove(successor);
+    return tr("%1 %2 is missing, and its copy could not be put in its place.").arg(subject(), m_file);
 }
 
 QString DatabaseGuard::mend()
@@ -76,14 +103,21 @@ QString DatabaseGuard::unusedName() const
     return name;
 }
 
-// The companions first: wherever this is cut short, the next start finds the damaged file and does it again.
-bool DatabaseGuard::moveAside(const QString &aside, const QString &successor) const
+bool DatabaseGuard::moveCompanionsAside(const QString &aside) const
 {
     for (const char *companion : companions) {
         const QString ending = QString::fromLatin1(companion);
         if (QFileInfo::exists(m_file + ending) && !QFile::rename(m_file + ending, aside + ending))
             return false;
     }
+    return true;
+}
+
+// The companions first: wherever this is cut short, the next start finds the damaged file and does it again.
+bool DatabaseGuard::moveAside(const QString &aside, const QString &successor) const
+{
+    if (!moveCompanionsAside(aside))
+        return false;
     const QByteArray from = QFile::encodeName(m_file);
     const QByteArray to = QFile::encodeName(aside);
     // With two names for a moment, there is no moment without a file. Not every file system can do that.

@@ -39,9 +39,9 @@ public:
     QString dataDirectory() const;
     /// The database file of @p storageName in dataDirectory(); to be asked for before the file is opened. The
     /// first call for each name checks the file, which may take as long as reading it, puts a damaged one
-    /// aside and its newest good copy in its place, makes today's copy of one that has changed, and begins to
-    /// watch whether the file can be written. A file that is not there is not made.
-    /// It keeps bookmarks.
+    /// aside and its newest good copy in its place, restores a missing one from that copy, makes today's copy
+    /// of one that has changed, and begins to watch whether the file can be written. A file that is not there
+    /// and has no copy is not made. It keeps bookmarks.
     QString databasePath(const QString &storageName);
     /// The same for a database that keeps @p contents.
     QString databasePath(const QString &storageName, Contents contents);
