@@ -18,10 +18,20 @@ private Q_SLOTS:
     void whatEndsAfterTheQueueWasClosedIsUnsuccessful();
     void whatIsPutBackAfterTheQueueWasClosedIsUnsuccessful();
     void whatEndedBeforeALogoutIsUnsuccessfulToo();
+    void aChangeOfTheAccountEndsAllButLogins();
+    void aCancelledLoginEndsLoginsOnly();
+    void aRequestMayFinishWithoutAWorker();
     void aJobKeepsTheSituationInWhichItWasTaken();
 
 private:
     static QSharedPointer<HRequest> request();
+    static QSharedPointer<HRequest> login();
+    /// A request and a login that have finished, one of them in hand, and both again that wait.
+    static Jobs fill(RequestQueue &queue, bool isLoginInHand);
+    /// Ends those of @p which; true when the worker is to be interrupted, too.
+    static bool abandon(RequestQueue &queue, WhichRequests which);
+    /// In the order of the outbox, "login" or "request", and whether it was successful.
+    static QStringList finished(RequestQueue &queue);
     /// Makes the queue such that take() does not wait.
     static Jobs taken(RequestQueue &queue);
     static bool interrupt(RequestQueue &queue, quint64 turn);
@@ -30,6 +40,52 @@ private:
 QSharedPointer<HRequest> RequestQueueTest::request()
 {
     return QSharedPointer<HRequest>(new HRequest(nullptr));
+}
+
+QSharedPointer<HRequest> RequestQueueTest::login()
+{
+    class Login final : public HRequest {
+    public:
+        using HRequest::HRequest;
+        bool isLoginRequest() const override { return true; }
+    };
+    return QSharedPointer<HRequest>(new Login(nullptr));
+}
+
+Jobs RequestQueueTest::fill(RequestQueue &queue, bool isLoginInHand)
+{
+    for (const auto &finished : {request(), login()}) {
+        queue.append(finished);
+        Jobs job = queue.take();
+        const quint64 turn = job.front().turn;
+        queue.finish(job);
+        queue.goOn(turn);
+    }
+    queue.append(isLoginInHand ? login() : request());
+    Jobs inHand = queue.take();
+    queue.append(request());
+    queue.append(login());
+    return inHand;
+}
+
+bool RequestQueueTest::abandon(RequestQueue &queue, WhichRequests which)
+{
+    bool wasInterrupted = false;
+    queue.abandon(which, Kind::LoggedOut, [&wasInterrupted] { wasInterrupted = true; });
+    return wasInterrupted;
+}
+
+QStringList RequestQueueTest::finished(RequestQueue &queue)
+{
+    QStringList found;
+    while (true) {
+        const Jobs job = queue.takeFinished();
+        if (job.empty())
+            return found;
+        const HRequest &request = *job.front().request;
+        found.append((request.isLoginRequest() ? QStringLiteral("login ") : QStringLiteral("request ")) +
+                     (request.isSuccessful() ? QStringLiteral("good") : QStringLiteral("ended")));
+    }
 }
 
 Jobs RequestQueueTest::taken(RequestQueue &queue)
@@ -122,12 +178,55 @@ void RequestQueueTest::whatEndedBeforeALogoutIsUnsuccessfulToo()
     Jobs job = taken(queue);
     QVERIFY(queue.finish(job));
     queue.append(request());
-    bool wasInterrupted = false;
-    queue.abandon(Kind::LoggedOut, [&wasInterrupted] { wasInterrupted = true; });
-    QVERIFY(!wasInterrupted); // nothing was in hand
+    QVERIFY(!abandon(queue, WhichRequests::All)); // nothing was in hand
     QCOMPARE(queue.finishedCount(), std::size_t(2));
     for (int i = 0; i < 2; ++i)
         QCOMPARE(queue.takeFinished().front().request->failure().kind(), Kind::LoggedOut);
+}
+
+void RequestQueueTest::aChangeOfTheAccountEndsAllButLogins()
+{
+    RequestQueue queue;
+    Jobs inHand = fill(queue, false);
+    QVERIFY(abandon(queue, WhichRequests::AllButLogins));
+    QVERIFY(!queue.finish(inHand)); // the worker has to end
+    const QStringList expected = {QStringLiteral("request ended"), QStringLiteral("login good"),
+                                  QStringLiteral("request ended"), QStringLiteral("request ended")};
+    QCOMPARE(finished(queue), expected);
+
+    RequestQueue other;
+    inHand = fill(other, true);
+    QVERIFY(!abandon(other, WhichRequests::AllButLogins));
+    QVERIFY(other.finish(inHand));
+    QCOMPARE(other.takeFinished(WhichRequests::Logins).front().request->isSuccessful(), true);
+    QCOMPARE(finished(other).last(), QStringLiteral("login good"));
+}
+
+void RequestQueueTest::aCancelledLoginEndsLoginsOnly()
+{
+    RequestQueue queue;
+    Jobs inHand = fill(queue, false);
+    QVERIFY(!abandon(queue, WhichRequests::Logins));
+    QVERIFY(queue.finish(inHand));
+    const QStringList expected = {QStringLiteral("request good"), QStringLiteral("login ended"),
+                                  QStringLiteral("login ended"), QStringLiteral("request good")};
+    QCOMPARE(finished(queue), expected);
+
+    RequestQueue other;
+    inHand = fill(other, true);
+    QVERIFY(abandon(other, WhichRequests::Logins));
+    QVERIFY(!other.finish(inHand));
+    QCOMPARE(finished(other).last(), QStringLiteral("login ended"));
+}
+
+void RequestQueueTest::aRequestMayFinishWithoutAWorker()
+{
+    RequestQueue queue;
+    queue.addFinished(request(), Kind::LoggedOut);
+    QCOMPARE(queue.takeFinished().front().request->failure().kind(), Kind::LoggedOut);
+    queue.close();
+    queue.addFinished(request(), Kind::LoggedOut);
+    QCOMPARE(queue.takeFinished().front().request->failure().kind(), Kind::ShuttingDown);
 }
 
 void RequestQueueTest::aJobKeepsTheSituationInWhichItWasTaken()

@@ -27,20 +27,26 @@ HMessage numberedMessage(int number, bool deletable, bool linked)
 std::string MessagesPanel::silentScenario()
 {
     return R"(<?xml version="1.0" encoding="UTF-8"?>
-<scenario version="1"><account user="demo" password="pinegate"/></scenario>)";
+<scenario version="1"><account user="demo" password="pinegate"/>
+<account user="another" password="pinegate"/></scenario>)";
 }
 
 MessagesPanel::MessagesPanel(const std::string &scenario)
     : m_account(corvia::Options(), scenario)
-    , m_window(std::make_unique<MainWindow>(&m_account.core()))
-    , m_dock(new CVMessagesToolWidget(&m_account.connector(), m_window.get()))
 {
+    open();
+    messages().setAccount(QStringLiteral("demo"));
+}
+
+void MessagesPanel::open()
+{
+    m_window = std::make_unique<MainWindow>(&m_account.core());
+    m_dock = new CVMessagesToolWidget(&m_account.connector(), m_window.get());
     m_account.core().links().setOpener([this](const QUrl &url) {
         m_opened.append(url.path());
         return true;
     });
     m_account.core().setMainWindow(m_window.get());
-    messages().setAccount(QStringLiteral("demo"));
     m_window->addToolWidget(Qt::BottomDockWidgetArea, m_dock);
     m_window->resize(900, 700);
     m_window->show();
@@ -58,6 +64,13 @@ void MessagesPanel::close()
     m_account.core().setMainWindow(nullptr);
     m_window.reset();
     m_dock = nullptr;
+}
+
+void MessagesPanel::restart()
+{
+    close();
+    m_account.restart();
+    open();
 }
 
 CVMessagesToolWidgetPrivate *MessagesPanel::content() const

@@ -57,12 +57,15 @@ public:
 
     /// Closes the window, and with it the panel.
     void close();
+    /// Ends the program and starts it again with the same settings.
+    void restart();
 
 private:
+    void open();
     static std::string silentScenario();
 
     ServiceAccount m_account;
     std::unique_ptr<MainWindow> m_window;
-    CVMessagesToolWidget *m_dock; ///< the window's; null once it is closed
+    CVMessagesToolWidget *m_dock = nullptr; ///< the window's; null once it is closed
     QStringList m_opened;
 };

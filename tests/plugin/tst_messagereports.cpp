@@ -32,6 +32,9 @@ private Q_SLOTS:
     void nothingIsSentWithoutCause();
     void aFailedReportIsNotRepeated_data();
     void aFailedReportIsNotRepeated();
+    void reportsFromBeforeTheLoginFollowIt();
+    void anotherUsersLoginReportsNothingOfTheUserBefore();
+    void aLogoutReportsNothingUnderTheNextUser();
     void theEndOfTheProgramLeavesNothingWaiting();
     void aPanelMayGoWhileItsRequestIsInFlight();
 
@@ -39,6 +42,7 @@ private:
     void expect(const QStringList &reports);
     void erase(int number);
     void read(int number);
+    bool logInAsAnother();
 
     std::unique_ptr<MessagesPanel> m_panel;
 };
@@ -77,6 +81,12 @@ void TestMessageReports::read(int number)
     QVERIFY(row >= 0);
     m_panel->click(row);
     m_panel->endReadTime();
+}
+
+bool TestMessageReports::logInAsAnother()
+{
+    m_panel->account().connector().setAccount(QStringLiteral("another"), QStringLiteral("pinegate"));
+    return m_panel->account().logIn();
 }
 
 void TestMessageReports::theServicesCopyFollows()
@@ -199,6 +209,43 @@ void TestMessageReports::aFailedReportIsNotRepeated()
     QVERIFY(m_panel->account().logIn());
     erase(2);
     expect({QStringLiteral("read m0"), QStringLiteral("deleted m2")});
+}
+
+void TestMessageReports::reportsFromBeforeTheLoginFollowIt()
+{
+    m_panel->restart();
+    read(3);
+    erase(4);
+    QVERIFY(m_panel->isReporting());
+    QVERIFY(m_panel->account().logIn());
+    expect({QStringLiteral("read m3"), QStringLiteral("deleted m4")});
+}
+
+void TestMessageReports::anotherUsersLoginReportsNothingOfTheUserBefore()
+{
+    m_panel->restart();
+    read(3);
+    erase(4);
+    QVERIFY(logInAsAnother());
+    QVERIFY(!m_panel->isReporting());
+    m_panel->fill(2);
+    erase(0);
+    erase(1);
+    expect({QStringLiteral("deleted m0"), QStringLiteral("deleted m1")});
+}
+
+void TestMessageReports::aLogoutReportsNothingUnderTheNextUser()
+{
+    m_panel->account().setFault(corvia::Fault::Kind::Stall, 0, {}, "message");
+    erase(3);
+    erase(4);
+    QTRY_COMPARE_WITH_TIMEOUT(m_panel->reports(), QStringList{QStringLiteral("deleted m3")}, 60'000);
+    m_panel->account().connector().logOut();
+    m_panel->account().setFault(corvia::Fault::Kind::None);
+    QVERIFY(logInAsAnother());
+    m_panel->fill(2);
+    erase(0);
+    expect({QStringLiteral("deleted m3"), QStringLiteral("deleted m0")});
 }
 
 void TestMessageReports::theEndOfTheProgramLeavesNothingWaiting()

@@ -133,7 +133,7 @@ void LoginController::cancelLogin()
         return;
     m_retry.stop();
     connector->setAccount(connector->username(), QString());
-    connector->server()->logOut();
+    connector->server()->cancelLogin();
 }
 
 void LoginController::logOut()

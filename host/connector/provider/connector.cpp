@@ -69,6 +69,7 @@ Connector::Connector(Core *core, ConnectorPlugin *plugin)
     , m_messages(new HMessageManager(core, this))
     , m_nntpHosts(loadHosts(core->settings()))
 {
+    m_server->setAccount(m_messages->account());
     connect(m_server, &HServer::messagesReceived, m_messages, &HMessageManager::receive);
 }
 
@@ -164,6 +165,7 @@ bool Connector::isLoginAvailable() const
 
 void Connector::applyLogin(const HLoginRequest &login)
 {
+    m_server->setAccount(login.userName());
     storeNntpHosts(login.nntpHosts());
     m_core->setUrls(login.links());
     m_messages->setAccount(login.userName());

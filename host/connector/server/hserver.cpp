@@ -8,9 +8,12 @@
 #include <halvora/core.h>
 #include <halvora/hserveraddressrotator.h>
 
+#include <QScopedValueRollback>
+
 namespace {
 
 constexpr unsigned long longestWaitForWorker = 2000; // milliseconds
+constexpr int maxEndingRounds = 4;                   // of requests that the slots of ended ones add
 
 } // namespace
 
@@ -69,13 +72,17 @@ bool HServer::accept(const QSharedPointer<HRequest> &request)
     request->m_handedOver = true;
     if (request->isLoginRequest() && !m_closed && m_state != Connected)
         setState(Connecting);
-    return true;
+    if (!m_isEnding || request->isLoginRequest())
+        return true;
+    m_queue->addFinished(request, RequestFailure::Kind::LoggedOut);
+    lookAtWorkerLater();
+    return false;
 }
 
-// After the end of the queue the worker wakes nobody any more.
+// Requests that finish without the worker need a wake-up of their own.
 void HServer::lookAtWorkerLater()
 {
-    if (m_closed)
+    if (m_closed || m_isEnding)
         QMetaObject::invokeMethod(this, &HServer::lookAtWorker, Qt::QueuedConnection);
 }
 
@@ -102,6 +109,19 @@ void HServer::setRequestDeadline(int milliseconds)
     updateSituation();
 }
 
+// The requests end before the window shows the new account, so that their slots cannot mix the two.
+void HServer::setAccount(const QString &account)
+{
+    const bool isAnother = !m_account.isEmpty() && account != m_account;
+    m_account = account;
+    if (!isAnother)
+        return;
+    m_situation->session.clear();
+    updateSituation();
+    m_worker->abandon(WhichRequests::AllButLogins, RequestFailure::Kind::LoggedOut);
+    deliverEnded(WhichRequests::AllButLogins);
+}
+
 void HServer::logIn(const QString &session)
 {
     m_situation->session = session;
@@ -111,11 +131,20 @@ void HServer::logIn(const QString &session)
 
 void HServer::logOut()
 {
+    m_account.clear();
     m_situation->session.clear();
-    m_worker->abandonAll(RequestFailure::Kind::LoggedOut);
+    m_worker->abandon(WhichRequests::All, RequestFailure::Kind::LoggedOut);
     setState(Disconnected);
     updateSituation();
-    deliverFinished();
+    deliverEnded(WhichRequests::All);
+}
+
+void HServer::cancelLogin()
+{
+    m_worker->abandon(WhichRequests::Logins, RequestFailure::Kind::LoggedOut);
+    if (m_state == Connecting)
+        setState(Disconnected);
+    deliverEnded(WhichRequests::Logins);
 }
 
 bool HServer::shutDown()
@@ -123,12 +152,12 @@ bool HServer::shutDown()
     m_closed = true;
     m_core->stopRunning();
     m_queue->close();
-    deliverFinished();
+    deliverFinished(WhichRequests::All);
     m_worker->interrupt(0, RequestFailure::Kind::ShuttingDown);
     if (!m_worker->wait(longestWaitForWorker))
         return false;
     m_deadlineTimer.stop();
-    deliverFinished();
+    deliverFinished(WhichRequests::All);
     setState(Disconnected);
     return true;
 }
@@ -141,7 +170,7 @@ void HServer::startWorker()
 
 void HServer::lookAtWorker()
 {
-    deliverFinished();
+    deliverFinished(WhichRequests::All);
     watchDeadline();
 }
 
@@ -162,14 +191,21 @@ void HServer::watchDeadline()
 
 // What the slots add while this runs waits for another turn of the event loop, so that a slot that always
 // asks again holds nobody up. A slot with an event loop of its own may have delivered the rest already.
-void HServer::deliverFinished()
+void HServer::deliverFinished(WhichRequests which)
 {
     for (std::size_t left = m_queue->finishedCount(); left > 0; --left) {
-        const RequestQueue::Jobs job = m_queue->takeFinished();
+        const RequestQueue::Jobs job = m_queue->takeFinished(which);
         if (job.empty())
             return;
         deliver(job.front());
     }
+}
+
+// With the requests that their slots add; what is still left then waits for another turn of the event loop.
+void HServer::deliverEnded(WhichRequests which)
+{
+    for (int round = 0; round < maxEndingRounds; ++round)
+        deliverFinished(which);
 }
 
 void HServer::deliver(const ServerJob &job)
@@ -186,6 +222,8 @@ void HServer::deliver(const ServerJob &job)
 
     follow(failure, isLogin, sessionEnded);
     m_queue->goOn(job.turn);
+    const QScopedValueRollback<bool> ending(m_isEnding,
+                                            failure.kind() == RequestFailure::Kind::LoggedOut && !isLogin);
     const QString sessionBefore = m_situation->session;
     request.deliver();
     tellMessages(job, sessionBefore);
@@ -235,6 +273,6 @@ void HServer::updateSituation()
 {
     m_situation->address = currentAddress();
     m_situation->ready = !m_closed && m_accountKnown && !m_situation->address.isNull();
-    m_situation->connected = m_state == Connected;
+    m_situation->connected = m_state == Connected && !m_situation->session.isEmpty();
     m_queue->setSituation(*m_situation);
 }

@@ -18,12 +18,17 @@ class Core;
 class HServerAddressRotator;
 class RequestQueue;
 class ServerWorker;
+enum class WhichRequests;
 struct ServerJob;
 struct ServerSituation;
 
 /// The way to the account service: a queue of requests and one worker thread that sends them, one after the
 /// other. Every request that is handed over is delivered exactly once, whatever the service does and also at
 /// shutdown. All operations belong to the GUI thread.
+///
+/// A request other than a login belongs to the account of setAccount(). It waits for a login of that account
+/// and ends without success at the logout or when another account takes over, and so does every request that
+/// the slots of such a request add. Without an account a request belongs to the first one that logs in.
 class HALVORA_CONNECTOR_EXPORT HServer : public QObject {
     Q_OBJECT
 public:
@@ -54,11 +59,16 @@ public:
     /// Milliseconds for one request, from the moment the worker takes it; applies to requests taken later.
     void setRequestDeadline(int milliseconds);
 
+    /// The account whose data the window shows: its user name at the service, compared exactly; empty: none.
+    /// A change ends the requests of the account before and its session; logIn() follows.
+    void setAccount(const QString &account);
     /// A login was applied: @p session goes with every request from now on.
     void logIn(const QString &session);
-    /// Forgets the session. Every request that waits, is under way or was not delivered yet ends without
-    /// success.
+    /// Forgets the session and the account. Every request that waits, is under way or was not delivered yet
+    /// ends without success.
     void logOut();
+    /// Ends a login that is under way without success. Other requests go on waiting for their account.
+    void cancelLogin();
 
     /// Delivers everything that waits as unsuccessful, interrupts what runs and waits for the worker, at most
     /// two seconds. False when the worker still runs: nothing that it knows may be destroyed then.
@@ -85,7 +95,8 @@ private:
     void updateSituation();
     void startWorker();
     void watchDeadline();
-    void deliverFinished();
+    void deliverFinished(WhichRequests which);
+    void deliverEnded(WhichRequests which);
     void deliver(const ServerJob &job);
     void tellMessages(const ServerJob &job, const QString &sessionBefore);
     void follow(const RequestFailure &failure, bool isLogin, bool sessionEnded);
@@ -98,6 +109,8 @@ private:
     QTimer m_deadlineTimer;
     quint64 m_watched = 0; ///< the turn whose deadline the timer waits for
     State m_state = Disconnected;
+    QString m_account;
     bool m_accountKnown = false;
     bool m_closed = false;
+    bool m_isEnding = false; ///< while a request is delivered that its account's logout ended
 };

@@ -4,15 +4,27 @@
 
 #include <algorithm>
 
-void RequestQueue::add(const QSharedPointer<HRequest> &request, qint64 place)
+namespace {
+
+bool isOf(WhichRequests which, bool isLogin)
+{
+    return which == WhichRequests::All || isLogin == (which == WhichRequests::Logins);
+}
+
+} // namespace
+
+void RequestQueue::add(const QSharedPointer<HRequest> &request, qint64 place, RequestFailure::Kind why)
 {
     Jobs job(1);
     job.front().request = request;
+    job.front().isLogin = request->isLoginRequest();
     job.front().place = place;
     {
         const std::lock_guard lock(m_mutex);
-        if (m_closed) {
-            job.front().failure = RequestFailure::Kind::ShuttingDown;
+        if (m_closed)
+            why = RequestFailure::Kind::ShuttingDown;
+        if (why != RequestFailure::Kind::None) {
+            job.front().failure = why;
             moveToFinished(job, job.begin());
             return;
         }
@@ -31,17 +43,25 @@ void RequestQueue::setSituation(const ServerSituation &situation)
     m_changed.notify_all();
 }
 
-void RequestQueue::abandon(RequestFailure::Kind why, const std::function<void()> &interrupt)
+void RequestQueue::abandon(WhichRequests which, RequestFailure::Kind why,
+                           const std::function<void()> &interrupt)
 {
     const std::lock_guard lock(m_mutex);
-    abandonLocked(why);
-    interruptLocked(why, interrupt);
+    abandonLocked(which, why);
+    if (isOf(which, m_current.isLogin))
+        interruptLocked(why, interrupt);
 }
 
-void RequestQueue::abandonLocked(RequestFailure::Kind why)
+void RequestQueue::abandonLocked(WhichRequests which, RequestFailure::Kind why)
 {
-    m_finished.splice(m_finished.end(), m_waiting);
+    for (auto job = m_waiting.begin(); job != m_waiting.end();) {
+        const auto candidate = job++;
+        if (isOf(which, candidate->isLogin))
+            m_finished.splice(m_finished.end(), m_waiting, candidate);
+    }
     for (ServerJob &job : m_finished) {
+        if (!isOf(which, job.isLogin))
+            continue;
         job.failure = why;
         job.request->m_failure = why;
         job.request->m_finished = true;
@@ -53,17 +73,19 @@ void RequestQueue::close()
     {
         const std::lock_guard lock(m_mutex);
         m_closed = true;
-        abandonLocked(RequestFailure::Kind::ShuttingDown);
+        abandonLocked(WhichRequests::All, RequestFailure::Kind::ShuttingDown);
     }
     m_changed.notify_all();
 }
 
-RequestQueue::Jobs RequestQueue::takeFinished()
+RequestQueue::Jobs RequestQueue::takeFinished(WhichRequests which)
 {
     const std::lock_guard lock(m_mutex);
+    const auto first = std::find_if(m_finished.begin(), m_finished.end(),
+                                    [which](const ServerJob &job) { return isOf(which, job.isLogin); });
     Jobs job;
-    if (!m_finished.empty())
-        job.splice(job.end(), m_finished, m_finished.begin());
+    if (first != m_finished.end())
+        job.splice(job.end(), m_finished, first);
     return job;
 }
 
@@ -125,7 +147,7 @@ RequestQueue::Jobs RequestQueue::take()
     taken.askedIn = m_situationNumber;
     taken.situation = m_situation;
     taken.deadline = ServerJob::Clock::now() + std::chrono::milliseconds(m_situation.deadline);
-    m_current = {taken.turn, taken.deadline};
+    m_current = {taken.turn, taken.deadline, taken.isLogin};
     m_interruption = RequestFailure::Kind::None;
     return job;
 }

@@ -16,6 +16,8 @@
 #include <list>
 #include <mutex>
 
+enum class WhichRequests { All, Logins, AllButLogins };
+
 /// What the worker needs to know, as values that the GUI thread took.
 struct ServerSituation {
     bool ready = false;     ///< the server runs and has an address and an account
@@ -32,6 +34,7 @@ struct ServerJob {
     quint64 turn = 0;    ///< counts what the worker takes; 0: it never took this one
     qint64 place = 0;    ///< its place in the queue
     quint64 askedIn = 0; ///< the number of the situation in which the worker last took it
+    bool isLogin = false;
     ServerSituation situation;
     QSharedPointer<HRequest> request;
     QDomDocument reply;         ///< freed on the GUI thread, after the slots have run
@@ -52,6 +55,7 @@ public:
     struct Current {
         quint64 turn = 0; ///< 0: the worker has nothing
         ServerJob::Clock::time_point deadline;
+        bool isLogin = false;
     };
 
     RequestQueue() = default;
@@ -60,15 +64,21 @@ public:
     // GUI thread
     void append(const QSharedPointer<HRequest> &request) { add(request, ++m_last); }
     void prepend(const QSharedPointer<HRequest> &request) { add(request, --m_first); }
+    /// Finishes @p request at once as unsuccessful for @p why.
+    void addFinished(const QSharedPointer<HRequest> &request, RequestFailure::Kind why)
+    {
+        add(request, ++m_last, why);
+    }
     void setSituation(const ServerSituation &situation);
-    /// Finishes as unsuccessful for @p why what waits, what was not taken out yet and, like interrupt(), what
-    /// the worker has; in one step, so that nothing slips through between them.
-    void abandon(RequestFailure::Kind why, const std::function<void()> &interrupt);
+    /// Finishes as unsuccessful for @p why those of @p which that wait, those that were not taken out yet
+    /// and, like interrupt(), the one that the worker has; in one step, so that none slips through between
+    /// them.
+    void abandon(WhichRequests which, RequestFailure::Kind why, const std::function<void()> &interrupt);
     /// Nothing is taken from now on; everything that waits or comes later is finished as unsuccessful.
     void close();
-    /// The first job of the outbox; empty when there is none. One at a time, because what its slots do may
-    /// change what becomes of the others.
-    Jobs takeFinished();
+    /// The first job of @p which in the outbox; empty when there is none. One at a time, because what its
+    /// slots do may change what becomes of the others.
+    Jobs takeFinished(WhichRequests which = WhichRequests::All);
     std::size_t finishedCount();
     /// The conclusions from the job of @p turn are drawn.
     void goOn(quint64 turn);
@@ -86,10 +96,11 @@ public:
     bool finish(Jobs &job);
 
 private:
-    void add(const QSharedPointer<HRequest> &request, qint64 place);
+    void add(const QSharedPointer<HRequest> &request, qint64 place,
+             RequestFailure::Kind why = RequestFailure::Kind::None);
     Jobs::iterator nextCandidate();
     bool finishLocked(Jobs &job);
-    void abandonLocked(RequestFailure::Kind why);
+    void abandonLocked(WhichRequests which, RequestFailure::Kind why);
     void interruptLocked(RequestFailure::Kind why, const std::function<void()> &interrupt);
     void moveToFinished(Jobs &from, Jobs::iterator job);
 

@@ -22,9 +22,9 @@ void ServerWorker::interrupt(quint64 turn, RequestFailure::Kind why)
     m_queue->interrupt(turn, why, [this] { stop(); });
 }
 
-void ServerWorker::abandonAll(RequestFailure::Kind why)
+void ServerWorker::abandon(WhichRequests which, RequestFailure::Kind why)
 {
-    m_queue->abandon(why, [this] { stop(); });
+    m_queue->abandon(which, why, [this] { stop(); });
 }
 
 void ServerWorker::stop()

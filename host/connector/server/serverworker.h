@@ -20,8 +20,8 @@ public:
     /// Ends the job of @p turn (0: whatever is in hand) as unsuccessful for @p why, if it is still the
     /// worker's. GUI thread.
     void interrupt(quint64 turn, RequestFailure::Kind why);
-    /// Ends everything in the queue and in hand as unsuccessful for @p why. GUI thread.
-    void abandonAll(RequestFailure::Kind why);
+    /// Ends all of @p which in the queue and in hand as unsuccessful for @p why. GUI thread.
+    void abandon(WhichRequests which, RequestFailure::Kind why);
 
 Q_SIGNALS:
     /// A job was taken, put back or finished; the queue knows which.
