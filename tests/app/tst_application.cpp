@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "hostilenntpserver.h"
 #include "recordingprivatedata.h"
 #include "runningprogram.h"
 
@@ -44,6 +45,9 @@ private Q_SLOTS:
     void aLoginFillsTheAccountPanel();
     void aWrongPasswordIsToldInTheDialogAndMayBeMended();
     void cancellingTheDialogCancelsTheLogin();
+    void cancellingTheDialogLeavesReportsWaiting();
+    void anotherUserLogsInWithoutALogout();
+    void aLoginThatTheNewsServersRefusedGoesToTheService();
     void theNewsServersOwnReplyIsShown();
     void theUserIsRememberedButThePasswordIsInNoFile();
     void loggingOutForgetsUserAndState();
@@ -186,6 +190,62 @@ void TestApplication::cancellingTheDialogCancelsTheLogin()
     program.logIn(demo(), rightPassword());
     QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
     QCOMPARE(loginCount(program), 2);
+    program.close();
+}
+
+// A report of what was read waits for the user's own login.
+void TestApplication::cancellingTheDialogLeavesReportsWaiting()
+{
+    RunningProgram program;
+    program.open();
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+
+    program.open();
+    const QSharedPointer<HRequest> report(new HRequest(program.application().connectorPlugin()->connector()));
+    const QSignalSpy finished(report.data(), &HRequest::requestFinished);
+    program.server().addRequestToQueue(report);
+    program.service().setFault(fault(corvia::Fault::Kind::Stall));
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(loginCount(program), 2);
+    program.find<QDialog>("LoginDialog")->reject();
+    QCOMPARE(program.server().connectorState(), HServer::Disconnected);
+    QCOMPARE(finished.count(), 0);
+    program.service().setFault(fault(corvia::Fault::Kind::None));
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(finished.count(), 1);
+    QVERIFY(report->failure().kind() != RequestFailure::Kind::LoggedOut);
+    program.close();
+}
+
+void TestApplication::anotherUserLogsInWithoutALogout()
+{
+    RunningProgram program;
+    program.open();
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+
+    HostileNntpServer refusing(Scripts::answering({"381 more\r\n", "481 not yours\r\n"}));
+    rememberNewsServer(program, refusing.port());
+    program.open();
+    program.logIn(QStringLiteral("reseller"), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+}
+
+void TestApplication::aLoginThatTheNewsServersRefusedGoesToTheService()
+{
+    RunningProgram program;
+    HostileNntpServer refusing(Scripts::answering({"381 more\r\n", "481 not now\r\n"}));
+    rememberNewsServer(program, refusing.port());
+    program.open();
+    program.logIn(demo(), rightPassword());
+    QTRY_VERIFY(program.find<QLabel>("reply"));
+    QTRY_COMPARE(program.find<QLabel>("reply")->text(), QStringLiteral("481 not now"));
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
     program.close();
 }
 

@@ -26,6 +26,8 @@ private Q_SLOTS:
     void theSessionWordIsASecretOfTheLog();
     void anAccountWithoutAPasswordIsNotSent();
     void forgottenHostsStayForgotten();
+    void anotherUserNameForgetsTheHosts();
+    void theHostsOfALoginAreNotThoseOfANameTypedMeanwhile();
     void damagedSettingsAreNoHosts();
     void theAccountMayBeReadOnAnyThread();
     void theSearchIntervalIsToldWhenItChanges();
@@ -121,6 +123,31 @@ void ConnectorTest::forgottenHostsStayForgotten()
     QVERIFY(m_account->connector().nntpHosts().isEmpty());
     QVERIFY(m_account->connector().isLoginAvailable());
     m_account->restart();
+    QVERIFY(m_account->connector().nntpHosts().isEmpty());
+}
+
+void ConnectorTest::anotherUserNameForgetsTheHosts()
+{
+    Connector *connector = &m_account->connector();
+    QVERIFY(m_account->logIn());
+    connector->setAccount(QStringLiteral("demo"), QStringLiteral("another password"));
+    QCOMPARE(connector->nntpHosts().size(), 2);
+    connector->setAccount(QString(), QString());
+    QCOMPARE(connector->nntpHosts().size(), 2);
+    connector->setAccount(QStringLiteral("Demo"), QString());
+    QVERIFY(connector->nntpHosts().isEmpty());
+    m_account->restart();
+    QVERIFY(m_account->connector().nntpHosts().isEmpty());
+}
+
+void ConnectorTest::theHostsOfALoginAreNotThoseOfANameTypedMeanwhile()
+{
+    const QSharedPointer<TestLogin> login(new TestLogin(&m_account->connector()));
+    QSignalSpy finished(login.data(), &HRequest::requestFinished);
+    m_account->server().prependRequestToQueue(login);
+    QVERIFY(finished.wait(30'000));
+    m_account->connector().setAccount(QStringLiteral("other"), QStringLiteral("pinegate"));
+    m_account->plugin().applyLogin(login.data());
     QVERIFY(m_account->connector().nntpHosts().isEmpty());
 }
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "hostilenntpserver.h"
+#include "loopbackaccount.h"
 
 #include "connector/cvconnectorplugin.h"
 #include "requests/cvloginrequest.h"
@@ -10,6 +11,7 @@
 #include <halvora/hserver.h>
 
 #include <QDomDocument>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
@@ -67,6 +69,16 @@ void acceptVisitor(Conversation &conversation)
 
 using Hosts = std::vector<std::unique_ptr<Host>>;
 
+QString loginReply(const Hosts &hosts)
+{
+    QString servers;
+    for (const auto &host : hosts)
+        servers += QStringLiteral("<server host='127.0.0.1' port='%1' ssl='%2'/>")
+                       .arg(host->port())
+                       .arg(host->isSsl() ? QStringLiteral("true") : QStringLiteral("false"));
+    return QStringLiteral("<login session='s'><nntp-servers>%1</nntp-servers></login>").arg(servers);
+}
+
 int visits(const Hosts &hosts)
 {
     int sum = 0;
@@ -92,8 +104,16 @@ private Q_SLOTS:
     void aProgramThatEndsMeanwhileTriesNoFurther_data();
     void aProgramThatEndsMeanwhileTriesNoFurther();
     void nothingIsLeftOpen();
+    void anotherUserIsNotTestedAtTheLastUsersServers_data();
+    void anotherUserIsNotTestedAtTheLastUsersServers();
+    void theSameUserIsTestedAgain();
+    void afterAFailedTestTheServiceIsAsked_data();
+    void afterAFailedTestTheServiceIsAsked();
 
 private:
+    /// The demo account has logged in at @p account and was told @p hosts; the program was started again.
+    void startAfterALogin(LoopbackAccount &account, const Hosts &hosts);
+    void expectLogin(HServer::State state);
     bool probe(const Hosts &hosts);
     void know(const Hosts &hosts);
 
@@ -119,14 +139,8 @@ void TestLoginProbe::cleanup()
 // As a login that was applied leaves them.
 void TestLoginProbe::know(const Hosts &hosts)
 {
-    QString servers;
-    for (const auto &host : hosts)
-        servers += QStringLiteral("<server host='127.0.0.1' port='%1' ssl='%2'/>")
-                       .arg(host->port())
-                       .arg(host->isSsl() ? QStringLiteral("true") : QStringLiteral("false"));
     QDomDocument document;
-    document.setContent(
-        QStringLiteral("<login session='s'><nntp-servers>%1</nntp-servers></login>").arg(servers));
+    document.setContent(loginReply(hosts));
     CVLoginRequest login(m_plugin->connector());
     login.buildResponseInternal(document.documentElement());
     m_plugin->connector()->applyLogin(login);
@@ -241,6 +255,91 @@ void TestLoginProbe::nothingIsLeftOpen()
     hosts.push_back(std::make_unique<Host>(&acceptVisitor));
     QVERIFY(probe(hosts));
     QVERIFY(!hosts.front()->transcript().isEmpty()); // answers only once the visitor has gone
+}
+
+void TestLoginProbe::startAfterALogin(LoopbackAccount &account, const Hosts &hosts)
+{
+    QVERIFY2(account.isRunning(), qPrintable(account.problem()));
+    corvia::Fault fault;
+    fault.kind = corvia::Fault::Kind::Element;
+    fault.text = loginReply(hosts).toStdString();
+    account.service().setFault(fault);
+    m_plugin = std::make_unique<CVConnectorPlugin>(&account.core());
+    account.useDemo(*m_plugin);
+    expectLogin(HServer::Connected);
+    m_plugin.reset();
+    account.restartCore();
+    m_plugin = std::make_unique<CVConnectorPlugin>(&account.core());
+    account.use(*m_plugin);
+    account.service().setFault(corvia::Fault());
+}
+
+void TestLoginProbe::expectLogin(HServer::State state)
+{
+    const HServer *server = m_plugin->connector()->server();
+    m_plugin->startLogin();
+    QTRY_VERIFY_WITH_TIMEOUT(server->connectorState() != HServer::Connecting, 60'000);
+    QCOMPARE(server->connectorState(), state);
+}
+
+void TestLoginProbe::anotherUserIsNotTestedAtTheLastUsersServers_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::newRow("the first to log in after the start") << QString();
+    QTest::newRow("after the user before was named") << QStringLiteral("demo");
+}
+
+void TestLoginProbe::anotherUserIsNotTestedAtTheLastUsersServers()
+{
+    QFETCH(QString, first);
+    Hosts hosts;
+    hosts.push_back(std::make_unique<Host>(&refuseVisitor));
+    LoopbackAccount account;
+    startAfterALogin(account, hosts);
+    Connector *connector = m_plugin->connector();
+    connector->setAccount(first, QString());
+    QCOMPARE(connector->nntpHosts().size(), 1);
+    connector->setAccount(QStringLiteral("reseller"), QStringLiteral("pinegate"));
+    QVERIFY(connector->nntpHosts().isEmpty());
+    expectLogin(HServer::Connected);
+    QCOMPARE(visits(hosts), 0);
+    QCOMPARE(connector->nntpHosts().size(), 2);
+    m_plugin.reset();
+}
+
+void TestLoginProbe::theSameUserIsTestedAgain()
+{
+    Hosts hosts;
+    hosts.push_back(std::make_unique<Host>(&acceptVisitor));
+    LoopbackAccount account;
+    startAfterALogin(account, hosts);
+    account.useDemo(*m_plugin);
+    expectLogin(HServer::Connected);
+    QCOMPARE(visits(hosts), 1);
+    m_plugin.reset();
+}
+
+void TestLoginProbe::afterAFailedTestTheServiceIsAsked_data()
+{
+    QTest::addColumn<HostileNntpServer::Script>("script");
+    QTest::newRow("refused") << HostileNntpServer::Script(&refuseVisitor);
+    QTest::newRow("no server") << HostileNntpServer::Script(&dropVisitor);
+}
+
+void TestLoginProbe::afterAFailedTestTheServiceIsAsked()
+{
+    QFETCH(HostileNntpServer::Script, script);
+    Hosts hosts;
+    hosts.push_back(std::make_unique<Host>(script));
+    LoopbackAccount account;
+    startAfterALogin(account, hosts);
+    account.useDemo(*m_plugin);
+    const int before = account.requestNames().size();
+    expectLogin(HServer::Disconnected);
+    QCOMPARE(account.requestNames().size(), before);
+    expectLogin(HServer::Connected);
+    QCOMPARE(visits(hosts), 1);
+    m_plugin.reset();
 }
 
 QTEST_GUILESS_MAIN(TestLoginProbe)

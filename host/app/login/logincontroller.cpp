@@ -181,11 +181,9 @@ void LoginController::tell(const RequestFailure &failure, bool isLogin)
     m_window->showNotice(failure.sentence());
     if (!isLogin)
         return;
-    // Hosts that nobody answers at are no test of a password; the next login brings new ones.
-    if (failure.kind() == RequestFailure::Kind::CredentialsTest && failure.detail().isEmpty()) {
-        m_plugin->connector()->forgetNntpHosts();
+    // Without an answer the password was not tested.
+    if (failure.kind() == RequestFailure::Kind::CredentialsTest && failure.detail().isEmpty())
         retryLater();
-    }
     if (needsPerson(failure)) {
         m_retry.stop();
         showDialog();

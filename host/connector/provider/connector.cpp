@@ -67,10 +67,12 @@ Connector::Connector(Core *core, ConnectorPlugin *plugin)
           this))
     , m_autoSearch(new HAutoSearchService(this))
     , m_messages(new HMessageManager(core, this))
+    , m_hostsUser(m_messages->account())
     , m_nntpHosts(loadHosts(core->settings()))
 {
     m_server->setAccount(m_messages->account());
     connect(m_server, &HServer::messagesReceived, m_messages, &HMessageManager::receive);
+    connect(m_server, &HServer::requestFailed, this, &Connector::forgetUselessHosts);
 }
 
 // The workers read what the members below hold, and server and distributor, being children, would go after
@@ -128,8 +130,13 @@ QString Connector::password() const
     return m_password;
 }
 
+// A name alone, without the login that gives it news servers, would be tested at those of another account.
 void Connector::setAccount(const QString &username, const QString &password)
 {
+    if (!username.isEmpty() && !m_hostsUser.isEmpty() && username != m_hostsUser)
+        forgetNntpHosts();
+    if (!username.isEmpty())
+        m_hostsUser = username;
     {
         const std::lock_guard lock(m_mutex);
         m_username = username;
@@ -158,6 +165,13 @@ void Connector::storeNntpHosts(const QList<NntpHost> &hosts)
     saveHosts(m_core->settings(), hosts);
 }
 
+// The next attempt goes to the account service, which knows the password and the news servers for certain.
+void Connector::forgetUselessHosts(const RequestFailure &failure, bool isLogin)
+{
+    if (isLogin && failure.kind() == RequestFailure::Kind::CredentialsTest)
+        forgetNntpHosts();
+}
+
 bool Connector::isLoginAvailable() const
 {
     return m_server->connectorState() == HServer::Connected;
@@ -166,7 +180,9 @@ bool Connector::isLoginAvailable() const
 void Connector::applyLogin(const HLoginRequest &login)
 {
     m_server->setAccount(login.userName());
-    storeNntpHosts(login.nntpHosts());
+    // The user name may have changed while the login was under way.
+    const bool isOfUser = login.userName().isEmpty() || login.userName() == username();
+    storeNntpHosts(isOfUser ? login.nntpHosts() : QList<NntpHost>());
     m_core->setUrls(login.links());
     m_messages->setAccount(login.userName());
     m_distributor->open();

@@ -17,6 +17,7 @@ class HLoginRequest;
 class HMessageManager;
 class HNntpDistributor;
 class HServer;
+class RequestFailure;
 
 /// One account with its provider: the way to the account service and to the news servers, and who the user
 /// is. Made by the provider's ConnectorPlugin. GUI thread, except where it says any thread.
@@ -38,10 +39,12 @@ public:
     /// Any thread.
     QString username() const;
     QString password() const;
-    /// Both are needed to log in; an empty text means that it is not known.
+    /// Both are needed to log in; an empty text means that it is not known. Another user name than that of
+    /// the news servers forgets them.
     void setAccount(const QString &username, const QString &password);
 
-    /// The news servers of the last applied login, kept across restarts. Any thread.
+    /// The news servers of the last applied login, kept across restarts until another user name is set or a
+    /// login fails its test at them. Any thread.
     QList<NntpHost> nntpHosts() const;
     void forgetNntpHosts();
 
@@ -60,6 +63,7 @@ public:
 
 private:
     void storeNntpHosts(const QList<NntpHost> &hosts);
+    void forgetUselessHosts(const RequestFailure &failure, bool isLogin);
 
     Core *const m_core;
     ConnectorPlugin *const m_plugin;
@@ -67,6 +71,7 @@ private:
     HNntpDistributor *m_distributor;
     HAutoSearchService *m_autoSearch;
     HMessageManager *m_messages;
+    QString m_hostsUser;        ///< whose m_nntpHosts are; GUI thread
     mutable std::mutex m_mutex; ///< guards the values below
     QString m_username;
     QString m_password;
