@@ -8,7 +8,8 @@ run="cmake ninja-build g++ pkg-config qtbase5-dev libqt5svg5-dev qttools5-dev qt
      qttranslations5-l10n libqt5sql5-sqlite libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev libssl-dev libxml2-dev
      qtkeychain-qt5-dev xvfb fonts-dejavu-core xdg-utils shared-mime-info"
 test="inn2 openssl openbox xdotool desktop-file-utils appstream libfile-mimeinfo-perl
-      libxml2-utils librsvg2-bin binutils procps man-db dpkg-dev file dbus"
+      libxml2-utils librsvg2-bin binutils procps man-db dpkg-dev file dbus
+      gnome-keyring libsecret-1-0 libsecret-tools"
 lint="git clang libclang-rt-14-dev clang-tidy clazy clang-format"
 
 wanted=$run

@@ -11,6 +11,16 @@ QString serviceName()
     return QStringLiteral("halvora");
 }
 
+// The libraries behind a started job hold a plain pointer to it until they reply, so a job has no parent and
+// deletes itself when it has finished.
+template <class Job> Job *makeJob(const QString &user)
+{
+    auto *job = new Job(serviceName());
+    job->setAutoDelete(true);
+    job->setKey(user);
+    return job;
+}
+
 } // namespace
 
 PasswordStore::PasswordStore(QObject *parent)
@@ -20,9 +30,10 @@ PasswordStore::PasswordStore(QObject *parent)
 
 void PasswordStore::look(const QString &user)
 {
-    auto *job = new QKeychain::ReadPasswordJob(serviceName(), this);
-    job->setKey(user);
-    connect(job, &QKeychain::Job::finished, this, [this, user, job] {
+    auto *job = makeJob<QKeychain::ReadPasswordJob>(user);
+    connect(job, &QKeychain::Job::finished, this, [this, user, job, call = ++m_calls] {
+        if (call != m_calls)
+            return;
         m_known = {user, job->textData()};
         Q_EMIT found(user, job->textData());
     });
@@ -31,19 +42,18 @@ void PasswordStore::look(const QString &user)
 
 void PasswordStore::keep(const QString &user, const QString &password)
 {
+    ++m_calls;
     if (m_known == qMakePair(user, password))
         return;
     m_known = {user, password};
-    auto *job = new QKeychain::WritePasswordJob(serviceName(), this);
-    job->setKey(user);
+    auto *job = makeJob<QKeychain::WritePasswordJob>(user);
     job->setTextData(password);
     job->start();
 }
 
 void PasswordStore::forget(const QString &user)
 {
+    ++m_calls;
     m_known = {};
-    auto *job = new QKeychain::DeletePasswordJob(serviceName(), this);
-    job->setKey(user);
-    job->start();
+    makeJob<QKeychain::DeletePasswordJob>(user)->start();
 }

@@ -6,14 +6,15 @@
 #include <QPair>
 #include <QString>
 
-/// Keeps the password in the desktop's keyring (QtKeychain). Where no keyring answers, nothing is kept: never
-/// in a file. Nothing here waits; GUI thread.
+/// Keeps the password in the desktop's keyring (QtKeychain). Without a keyring nothing is kept: never in a
+/// file. No operation waits: a keyring may show a prompt, or never reply. What was asked of the keyring goes
+/// on when the store is destroyed; its reply is dropped then.
 class PasswordStore final : public QObject {
     Q_OBJECT
 public:
     explicit PasswordStore(QObject *parent = nullptr);
 
-    /// Answers with found().
+    /// Replies with found(), unless a later call of any operation supersedes this one.
     void look(const QString &user);
     /// Does nothing when that is what was found or kept before: a keyring may ask before it takes something.
     void keep(const QString &user, const QString &password);
@@ -25,4 +26,5 @@ Q_SIGNALS:
 
 private:
     QPair<QString, QString> m_known; ///< user name and password, as the keyring has them
+    quint64 m_calls = 0;             ///< tells whether a reply is superseded
 };
