@@ -78,6 +78,7 @@ private Q_SLOTS:
     void twoConnectorsCountApart();
     void aConfigurationNameCannotLeaveTheDataFolder();
     void aServicesCountIsBroughtUpToDate();
+    void aServicesCountWithoutATimeIsLeftAlone();
     void aServicesCountDoesNotOverflow();
     void thereIsOneWindowAndItComesBack();
     void theWindowBelongsToTheMainWindow();
@@ -259,14 +260,22 @@ void StatsPluginTest::aServicesCountIsBroughtUpToDate()
     QCOMPARE(m_stats->updatedNntpTrafficDown(smallest, smallest), smallest);
 }
 
+void StatsPluginTest::aServicesCountWithoutATimeIsLeftAlone()
+{
+    receive(100);
+    for (const qint64 since : {qint64(0), qint64(-1), std::numeric_limits<qint64>::min()})
+        QCOMPARE(m_stats->updatedNntpTrafficDown(1000, since), qint64(1000));
+    QCOMPARE(m_stats->updatedNntpTrafficDown(1000, 1), qint64(1100));
+}
+
 void StatsPluginTest::aServicesCountDoesNotOverflow()
 {
     receive(100);
     const qint64 largest = std::numeric_limits<qint64>::max();
-    QCOMPARE(m_stats->updatedNntpTrafficDown(largest, 0), largest);
-    QCOMPARE(m_stats->updatedNntpTrafficDown(largest - 50, 0), largest);
-    QCOMPARE(m_stats->updatedNntpTrafficDown(largest - 100, 0), largest);
-    QCOMPARE(m_stats->updatedNntpTrafficDown(largest - 101, 0), largest - 1);
+    QCOMPARE(m_stats->updatedNntpTrafficDown(largest, 1), largest);
+    QCOMPARE(m_stats->updatedNntpTrafficDown(largest - 50, 1), largest);
+    QCOMPARE(m_stats->updatedNntpTrafficDown(largest - 100, 1), largest);
+    QCOMPARE(m_stats->updatedNntpTrafficDown(largest - 101, 1), largest - 1);
 }
 
 void StatsPluginTest::thereIsOneWindowAndItComesBack()

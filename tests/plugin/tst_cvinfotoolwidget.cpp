@@ -48,8 +48,10 @@ CVAccountStatus record(const QString &plan, const QString &nntp,
 
 CVAccountStatus filledRecord()
 {
-    return record(QStringLiteral("Unlimited"),
-                  QStringLiteral("max-connections='20' billing-bytes='2048' mtd-bytes='1024'"));
+    return record(
+        QStringLiteral("Unlimited"),
+        QStringLiteral(
+            "max-connections='20' billing-bytes='2048' mtd-bytes='1024' usage-updated-timestamp='1'"));
 }
 
 QString bytes(qint64 count)

@@ -46,7 +46,7 @@ StatsPlugin::~StatsPlugin()
 
 qint64 StatsPlugin::updatedNntpTrafficDown(qint64 bytes, qint64 since) const
 {
-    if (bytes < 0)
+    if (bytes < 0 || since <= 0)
         return bytes;
     const qint64 more = m_journal.bytesSince(since);
     const qint64 maximum = std::numeric_limits<qint64>::max();

@@ -30,8 +30,8 @@ public:
     /// Bytes since the first of the month, local time.
     qint64 bytesThisMonth() const { return m_thisMonth; }
     /// A count that somebody else made at @p since (milliseconds since the epoch, UTC), brought up to date
-    /// with what was counted here after it. A negative count means that there is none and is returned as it
-    /// is.
+    /// with what was counted here after it. A negative count means that there is none, and a time of zero or
+    /// less that it is not known; both return the count as it is.
     qint64 updatedNntpTrafficDown(qint64 bytes, qint64 since) const;
 
     /// Takes the time from @p nowMs (milliseconds since the epoch, UTC) instead of from the system.
