@@ -46,6 +46,8 @@ CVConnectorPlugin::CVConnectorPlugin(Core *core)
     connect(m_statusTimer, &QTimer::timeout, this, &CVConnectorPlugin::refreshStatus);
     m_statusTimer->start(statusInterval);
 
+    connect(connector(), &Connector::accountLeft, this, &CVConnectorPlugin::forgetAccount);
+
     m_aboutAction = new QAction(this);
     m_aboutAction->setMenuRole(QAction::AboutRole);
     connect(m_aboutAction, &QAction::triggered, this, &CVConnectorPlugin::showAboutDialog);
@@ -169,4 +171,10 @@ void CVConnectorPlugin::statusRequestFinished()
         m_infoPanel->updateAccountStatus(status);
     m_statusRequest = nullptr;
     m_statusReference.reset();
+}
+
+void CVConnectorPlugin::forgetAccount()
+{
+    if (m_infoPanel)
+        m_infoPanel->showNoAccount();
 }

@@ -71,6 +71,7 @@ private Q_SLOTS:
 
 private:
     void applyFinishedLogin();
+    void forgetAccount();
     StatsPlugin *findStatsPlugin() const;
 
     HJobResultHandler *m_jobResultHandler;

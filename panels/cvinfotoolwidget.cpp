@@ -34,6 +34,12 @@ void CVInfoToolWidget::updateAccountStatus(
     d->retranslate();
 }
 
+void CVInfoToolWidget::showNoAccount()
+{
+    d->showNoAccount();
+    d->retranslate();
+}
+
 void CVInfoToolWidget::updateUsage()
 {
     d->showUsage();

@@ -21,6 +21,9 @@ public:
     CVInfoToolWidget(QWidget *parent, CVConnectorPlugin *plugin, StatsPlugin *stats);
     ~CVInfoToolWidget() override;
 
+    /// The first, empty page, with nothing kept of the last record.
+    void showNoAccount();
+
 public Q_SLOTS:
     void updateAccountStatus(CVAccountStatus status); // clazy:exclude=function-args-by-ref
     void updateUsage();

@@ -70,6 +70,15 @@ void CVInfoToolWidgetPrivate::showRecord()
     }
 }
 
+void CVInfoToolWidgetPrivate::showNoAccount()
+{
+    status = CVAccountStatus();
+    lastLogin = QDateTime();
+    for (QLabel *value : {m_billing, m_mtd, m_connections, m_plan})
+        value->clear();
+    m_pages->setCurrentIndex(EmptyPage);
+}
+
 // The row stands in for a control panel of the program's own: it shows only when there is none.
 void CVInfoToolWidgetPrivate::showLoginPage()
 {

@@ -24,6 +24,7 @@ public:
     void build();
     void retranslate();
     void showRecord();
+    void showNoAccount();
     void showUsage();
     void showQuickStats();
 

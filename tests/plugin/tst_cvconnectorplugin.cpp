@@ -84,6 +84,33 @@ std::string scenario(const std::string &status)
            status + R"(</account><groups><group name="comp.demo" posting="y"/></groups></scenario>)";
 }
 
+/// The demo account logged in, with its figures on the panel once plan() is visible.
+class ShownAccount {
+public:
+    ShownAccount()
+        : plugin(&account.core())
+        , window(&account.core())
+    {
+        account.useDemo(plugin);
+        plugin.polish(&window);
+        window.show();
+        plugin.startLogin();
+    }
+
+    int page() const
+    {
+        const auto *panel = window.findChild<QDockWidget *>(QStringLiteral("InfoToolWidget"));
+        return panel->findChild<QStackedWidget *>()->currentIndex();
+    }
+
+    LoopbackAccount account;
+    CVConnectorPlugin plugin;
+    MainWindow window;
+};
+
+constexpr int emptyPage = 0;
+constexpr int accountPage = 2;
+
 class CountingPlugin final : public CVConnectorPlugin {
 public:
     using CVConnectorPlugin::CVConnectorPlugin;
@@ -140,6 +167,10 @@ private Q_SLOTS:
     void aStatusReplyWithoutALimitLeavesTheDistributorAlone();
     void oneStatusRequestMayFollowAnother();
     void aFailedStatusRequestShowsTheLoginPage();
+    void aLogoutEmptiesTheAccountPanel();
+    void aStatusThatComesAfterALogoutIsNotShown();
+    void anotherUserEmptiesTheAccountPanel();
+    void aLostServiceKeepsTheFiguresOnTheAccountPanel();
     void anUpdateIsTold();
     void aLoginWithoutAnUpdateTellsNone();
     void aFinishedLoginIsLetGo();
@@ -555,6 +586,65 @@ void TestCVConnectorPlugin::aFailedStatusRequestShowsTheLoginPage()
     account.service().setFault(corvia::Fault());
     plugin.refreshStatus(); // the failed one holds nobody up
     QTRY_VERIFY(plan->isVisible());
+}
+
+void TestCVConnectorPlugin::aLogoutEmptiesTheAccountPanel()
+{
+    ShownAccount shown;
+    QTRY_COMPARE(shown.page(), accountPage);
+    shown.plugin.connector()->logOut();
+    QCOMPARE(shown.page(), emptyPage);
+    shown.account.useDemo(shown.plugin);
+    shown.plugin.startLogin();
+    QTRY_COMPARE(shown.page(), accountPage);
+}
+
+void TestCVConnectorPlugin::aStatusThatComesAfterALogoutIsNotShown()
+{
+    ShownAccount shown;
+    QTRY_COMPARE(shown.page(), accountPage);
+    corvia::Fault fault;
+    fault.kind = corvia::Fault::Kind::Stall;
+    shown.account.service().setFault(fault);
+    QSignalSpy failures(shown.plugin.connector()->server(), &HServer::requestFailed);
+    shown.plugin.refreshStatus();
+    shown.plugin.connector()->logOut();
+    // The same user again does not make it one of the new login.
+    shown.plugin.connector()->setAccount(QStringLiteral("demo"), QStringLiteral("pinegate"));
+    QTRY_COMPARE(failures.count(), 1);
+    QCOMPARE(shown.page(), emptyPage);
+    shown.account.service().setFault(corvia::Fault());
+    shown.plugin.startLogin();
+    QTRY_COMPARE(shown.page(), accountPage);
+    shown.plugin.refreshStatus();
+    QTRY_COMPARE(shown.account.requestNames().last(), QStringLiteral("status"));
+}
+
+void TestCVConnectorPlugin::anotherUserEmptiesTheAccountPanel()
+{
+    ShownAccount shown;
+    QTRY_COMPARE(shown.page(), accountPage);
+    shown.plugin.connector()->setAccount(QStringLiteral("demo"), QString());
+    QCOMPARE(shown.page(), accountPage);
+    shown.plugin.connector()->setAccount(QStringLiteral("reseller"), QStringLiteral("pinegate"));
+    QCOMPARE(shown.page(), accountPage);
+    QVector<int> pages;
+    connect(shown.plugin.connector(), &Connector::accountLeft, this, [&] { pages.append(shown.page()); });
+    shown.plugin.startLogin();
+    QTRY_VERIFY(shown.plugin.connector()->isLoginAvailable() && shown.page() != accountPage);
+    QCOMPARE(pages, QVector<int>{emptyPage});
+}
+
+void TestCVConnectorPlugin::aLostServiceKeepsTheFiguresOnTheAccountPanel()
+{
+    ShownAccount shown;
+    QTRY_COMPARE(shown.page(), accountPage);
+    corvia::Fault fault;
+    fault.kind = corvia::Fault::Kind::Close;
+    shown.account.service().setFault(fault);
+    shown.plugin.startLogin();
+    QTRY_COMPARE(shown.plugin.connector()->server()->connectorState(), HServer::ServiceLost);
+    QCOMPARE(shown.page(), accountPage);
 }
 
 void TestCVConnectorPlugin::anUpdateIsTold()

@@ -73,6 +73,7 @@ private Q_SLOTS:
     void anUnsupportedEmptyRecordShowsTheLoginPage();
     void aSupportedEmptyRecordShowsTheEmptyPage();
     void aFilledRecordShowsTheAccountPage();
+    void withoutAnAccountTheEmptyPageShows();
     void theLimitIsAPlainDecimalNumber();
     void aRecordWithoutAPlanNameNeverShowsTheAccountPage_data();
     void aRecordWithoutAPlanNameNeverShowsTheAccountPage();
@@ -209,6 +210,20 @@ void TestCVInfoToolWidget::aFilledRecordShowsTheAccountPage()
     QCOMPARE(text("plan"), QStringLiteral("Unlimited"));
     QCOMPARE(text("billing"), bytes(2048));
     QCOMPARE(text("mtd"), bytes(1024));
+}
+
+void TestCVInfoToolWidget::withoutAnAccountTheEmptyPageShows()
+{
+    m_panel->updateAccountStatus(CVAccountStatus()); // notes the time
+    m_panel->updateAccountStatus(filledRecord());
+    m_panel->showNoAccount();
+    QCOMPARE(page(), 0);
+    for (const char *value : {"billing", "mtd", "connections", "plan"})
+        QCOMPARE(text(value), QString());
+    m_panel->updateUsage();
+    QCOMPARE(text("billing"), QString());
+    m_panel->updateAccountStatus(filledRecord());
+    QCOMPARE(page(), 2);
 }
 
 void TestCVInfoToolWidget::theLimitIsAPlainDecimalNumber()

@@ -72,7 +72,7 @@ Connector::Connector(Core *core, ConnectorPlugin *plugin)
 {
     m_server->setAccount(m_messages->account());
     connect(m_server, &HServer::messagesReceived, m_messages, &HMessageManager::receive);
-    connect(m_server, &HServer::requestFailed, this, &Connector::forgetUselessHosts);
+    connect(m_server, &HServer::requestFailed, this, &Connector::applyFailure);
 }
 
 // The workers read what the members below hold, and server and distributor, being children, would go after
@@ -165,11 +165,15 @@ void Connector::storeNntpHosts(const QList<NntpHost> &hosts)
     saveHosts(m_core->settings(), hosts);
 }
 
-// The next attempt goes to the account service, which knows the password and the news servers for certain.
-void Connector::forgetUselessHosts(const RequestFailure &failure, bool isLogin)
+// After a refused test the next attempt goes to the account service, which knows the password and the news
+// servers for certain. A request that the worker had at the logout ends behind it, and its slots may show again
+// what was left.
+void Connector::applyFailure(const RequestFailure &failure, bool isLogin)
 {
     if (isLogin && failure.kind() == RequestFailure::Kind::CredentialsTest)
         forgetNntpHosts();
+    if (!isLogin && failure.kind() == RequestFailure::Kind::LoggedOut && m_messages->account().isEmpty())
+        Q_EMIT accountLeft();
 }
 
 bool Connector::isLoginAvailable() const
@@ -179,6 +183,7 @@ bool Connector::isLoginAvailable() const
 
 void Connector::applyLogin(const HLoginRequest &login)
 {
+    const bool isOther = !m_messages->account().isEmpty() && m_messages->account() != login.userName();
     m_server->setAccount(login.userName());
     // The user name may have changed while the login was under way.
     const bool isOfUser = login.userName().isEmpty() || login.userName() == username();
@@ -188,6 +193,8 @@ void Connector::applyLogin(const HLoginRequest &login)
     m_distributor->open();
     HLog::addSecret(login.session());
     m_server->logIn(login.session());
+    if (isOther)
+        Q_EMIT accountLeft();
 }
 
 void Connector::logOut()
@@ -198,4 +205,5 @@ void Connector::logOut()
     m_core->setUrls({});
     m_messages->setAccount(QString());
     m_server->logOut();
+    Q_EMIT accountLeft();
 }

@@ -61,9 +61,14 @@ public:
     /// all. False when one of them still runs: nothing that it knows may be destroyed then.
     bool shutDown();
 
+Q_SIGNALS:
+    /// The login of an account has ended, by logOut() or by the login of another one: what is known of it holds
+    /// no longer. Emitted after its requests have ended, and once more for one that the worker gives back later.
+    void accountLeft();
+
 private:
     void storeNntpHosts(const QList<NntpHost> &hosts);
-    void forgetUselessHosts(const RequestFailure &failure, bool isLogin);
+    void applyFailure(const RequestFailure &failure, bool isLogin);
 
     Core *const m_core;
     ConnectorPlugin *const m_plugin;
