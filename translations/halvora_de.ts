@@ -968,10 +968,6 @@ Erstellt mit Qt %5. Veröffentlicht unter der MIT-Lizenz.</translation>
         <translation>Die Antwort des Kontodienstes ist abgebrochen.</translation>
     </message>
     <message>
-        <source>The account service sent a reply that can not be read.</source>
-        <translation>Der Kontodienst hat eine unlesbare Antwort gesendet.</translation>
-    </message>
-    <message>
         <source>No news server could be reached to test the user name and the password.</source>
         <translation>Zum Prüfen von Benutzername und Passwort war kein Newsserver erreichbar.</translation>
     </message>
@@ -994,6 +990,14 @@ Erstellt mit Qt %5. Veröffentlicht unter der MIT-Lizenz.</translation>
     <message>
         <source>The user name or the password holds a character that can not be sent.</source>
         <translation>Benutzername oder Passwort enthält ein Zeichen, das nicht gesendet werden kann.</translation>
+    </message>
+    <message>
+        <source>The account service&apos;s reply cannot be read.</source>
+        <translation>Die Antwort des Kontodienstes ist nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>A request holds a character that cannot be sent, so it was not sent.</source>
+        <translation>Eine Anfrage enthält ein Zeichen, das nicht gesendet werden kann, und wurde nicht gesendet.</translation>
     </message>
 </context>
 <context>

@@ -132,6 +132,10 @@ void EnvelopeTest::whatXmlCannotCarryIsNotWritten()
             QVERIFY(document.isEmpty());
         }
     }
+    RecordingRequest request(&m_account->connector(), QStringLiteral("one"), &m_journal);
+    RequestFailure failure;
+    QVERIFY(write(request, &failure, QStringLiteral("a\x01")).isEmpty());
+    QCOMPARE(failure.kind(), Kind::UnwritableRequest);
 }
 
 void EnvelopeTest::nothingIsSentOfWhatCannotBeWritten()

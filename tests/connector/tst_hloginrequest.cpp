@@ -18,6 +18,9 @@ private Q_SLOTS:
     void listsHaveAnEnd();
     void anyOtherReplyIsNoLogin_data();
     void anyOtherReplyIsNoLogin();
+    void aSessionWordIsHeldToItsRules_data();
+    void aSessionWordIsHeldToItsRules();
+    void afterABadSessionWordTheNextLoginHelps();
     void untilTheReplyTheHostsAreThoseOfTheLastAppliedLogin();
     void theHostsOfTheLastLoginOutliveARestart();
     void aLoginThatWasNotAppliedIsForgotten();
@@ -160,6 +163,44 @@ void HLoginRequestTest::anyOtherReplyIsNoLogin()
     const auto login = answered(account, reply.toStdString());
     QVERIFY(!login->isSuccessful());
     QCOMPARE(login->failure().kind(), RequestFailure::Kind::BadReply);
+}
+
+void HLoginRequestTest::aSessionWordIsHeldToItsRules_data()
+{
+    QTest::addColumn<QByteArray>("word");
+    QTest::addColumn<bool>("isGood");
+    QTest::newRow("one character") << QByteArray("0") << true;
+    QTest::newRow("all kinds of characters") << QByteArray("azAZ09.-_") << true;
+    QTest::newRow("128 characters") << QByteArray(128, 'x') << true;
+    QTest::newRow("129 characters") << QByteArray(129, 'x') << false;
+    QTest::newRow("a megabyte") << QByteArray(1 << 20, 'x') << false;
+    for (const char *word : {" ", "a b", " a", "a ", "a/b", "a:b", "a&#9;b", "a&#10;", "a&quot;b", "a&lt;b",
+                             "@", "[", "`", "{", "\xC3\xA4", "\xEF\xBC\x91", "\xF0\x9D\x9F\x8E", "a&#127;"})
+        QTest::newRow(word) << QByteArray(word) << false;
+}
+
+void HLoginRequestTest::aSessionWordIsHeldToItsRules()
+{
+    QFETCH(QByteArray, word);
+    QFETCH(bool, isGood);
+    ServiceAccount account;
+    const auto login = answered(account, "<login session=\"" + word.toStdString() + "\"/>");
+    QCOMPARE(login->isSuccessful(), isGood);
+    QCOMPARE(login->session(), isGood ? QString::fromLatin1(word) : QString());
+    if (!isGood)
+        QCOMPARE(login->failure().sentence(), QStringLiteral("The account service's reply cannot be read."));
+}
+
+void HLoginRequestTest::afterABadSessionWordTheNextLoginHelps()
+{
+    ServiceAccount account;
+    QSignalSpy refused(&account.server(), &HServer::sessionRefused);
+    const auto login = answered(account, "<login session=\"a b\"/>");
+    QCOMPARE(account.server().connectorState(), HServer::ServiceLost);
+    account.setFault(corvia::Fault::Kind::None);
+    QVERIFY(account.logIn());
+    QVERIFY(account.connector().isLoginAvailable());
+    QCOMPARE(refused.size(), 0);
 }
 
 void HLoginRequestTest::untilTheReplyTheHostsAreThoseOfTheLastAppliedLogin()

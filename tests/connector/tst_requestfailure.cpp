@@ -16,6 +16,7 @@ private Q_SLOTS:
     void everyKindHasASentenceOfItsOwn();
     void whatTheServiceSaidIsSaidInItsWords();
     void aRefusedPasswordIsToldFromSilentNewsServers();
+    void onlyALoginBlamesThePassword();
     void theAddressIsToBlameForAllThatTheServiceDoes_data();
     void theAddressIsToBlameForAllThatTheServiceDoes();
 };
@@ -23,11 +24,12 @@ private Q_SLOTS:
 namespace {
 
 const QVector<Kind> allKinds = {
-    Kind::ShuttingDown,   Kind::LoggedOut,       Kind::NoService,
-    Kind::Unreachable,    Kind::TimedOut,        Kind::NotTrusted,
-    Kind::BadStatus,      Kind::TooLarge,        Kind::Truncated,
-    Kind::BadReply,       Kind::Refused,         Kind::Unwritable,
-    Kind::RefusedSession, Kind::CredentialsTest, Kind::RefusedCredentials,
+    Kind::ShuttingDown,      Kind::LoggedOut,       Kind::NoService,
+    Kind::Unreachable,       Kind::TimedOut,        Kind::NotTrusted,
+    Kind::BadStatus,         Kind::TooLarge,        Kind::Truncated,
+    Kind::BadReply,          Kind::Refused,         Kind::Unwritable,
+    Kind::RefusedSession,    Kind::CredentialsTest, Kind::RefusedCredentials,
+    Kind::UnwritableRequest,
 };
 
 }
@@ -71,6 +73,16 @@ void RequestFailureTest::aRefusedPasswordIsToldFromSilentNewsServers()
     QVERIFY(!refused.isServiceLost());
 }
 
+void RequestFailureTest::onlyALoginBlamesThePassword()
+{
+    const QVector<Kind> ofLogins = {Kind::CredentialsTest, Kind::RefusedCredentials, Kind::Unwritable};
+    for (const Kind kind : allKinds)
+        QCOMPARE(RequestFailure(kind).sentence().contains(QLatin1String("password")),
+                 ofLogins.contains(kind));
+    QCOMPARE(RequestFailure(Kind::BadReply).sentence(),
+             QStringLiteral("The account service's reply cannot be read."));
+}
+
 void RequestFailureTest::theAddressIsToBlameForAllThatTheServiceDoes_data()
 {
     QTest::addColumn<RequestFailure::Kind>("kind");
@@ -87,6 +99,7 @@ void RequestFailureTest::theAddressIsToBlameForAllThatTheServiceDoes_data()
     QTest::newRow("refused") << Kind::Refused << false << false;
     QTest::newRow("wrong password") << Kind::RefusedCredentials << false << false;
     QTest::newRow("session") << Kind::RefusedSession << false << false;
+    QTest::newRow("unwritable request") << Kind::UnwritableRequest << false << false;
     QTest::newRow("unwritable") << Kind::Unwritable << false << false;
     QTest::newRow("logged out") << Kind::LoggedOut << false << false;
     QTest::newRow("shutting down") << Kind::ShuttingDown << false << false;

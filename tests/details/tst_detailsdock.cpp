@@ -460,7 +460,7 @@ void TestDetailsDock::aGroupThatCanNotBeShownIsToldInASentence_data()
         fault.text = text;
         return fault;
     };
-    const QString unreadable = QStringLiteral("The account service sent a reply that can not be read.");
+    const QString unreadable = QStringLiteral("The account service's reply cannot be read.");
     const auto row = [](const char *name, const corvia::Fault &fault, const QString &sentence) {
         QTest::newRow(name) << QStringLiteral("moon-and-halcyon") << fault << sentence;
     };

@@ -9,9 +9,28 @@
 #include <QCoreApplication>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int mostEntries = 100; // of news servers and of links
+constexpr int maxSessionLength = 128;
+
+bool isSessionUnit(QChar unit)
+{
+    const char c = unit.toLatin1(); // 0 beyond Latin-1
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '.' ||
+           c == '-' || c == '_';
+}
+
+// A word that no request could carry back would make each later request fail.
+QString readSession(const QDomElement &login)
+{
+    const QString word = login.attribute(QStringLiteral("session"));
+    const bool isGood =
+        word.size() <= maxSessionLength && std::all_of(word.cbegin(), word.cend(), isSessionUnit);
+    return isGood ? word : QString();
+}
 
 QList<NntpHost> readHosts(const QDomElement &servers)
 {
@@ -110,7 +129,7 @@ void HLoginRequest::buildResponseInternal(const QDomElement &reply)
 {
     if (reply.tagName() != QLatin1String("login"))
         return;
-    m_session = reply.attribute(QStringLiteral("session"));
+    m_session = readSession(reply);
     m_autoSearchCheckInterval = qMax(0, reply.attribute(QStringLiteral("auto-search-interval")).toInt());
     m_nntpHosts = readHosts(reply.firstChildElement(QStringLiteral("nntp-servers")));
     m_links = readLinks(reply.firstChildElement(QStringLiteral("links")));

@@ -25,6 +25,8 @@ public:
     QDomElement softwareUpdateElement() const;
     /// Seconds between two automatic searches; 0: the service did not say.
     int autoSearchCheckInterval() const;
+    /// 1 to 128 of the letters, digits, dots, hyphens and underscores of ASCII; empty: the reply gave none,
+    /// so that the login is not successful.
     QString session() const;
     QHash<QString, UrlInfo> links() const;
     /// Whose login it was; empty when it was never sent.

@@ -63,7 +63,8 @@ RequestFailure Envelope::write(HRequest &request, const QString &session, QByteA
     writer.writeEndElement();
     writer.writeEndDocument();
     if (writer.hasError() || !canXmlCarry(text))
-        return RequestFailure::Kind::Unwritable;
+        return request.isLoginRequest() ? RequestFailure::Kind::Unwritable
+                                        : RequestFailure::Kind::UnwritableRequest;
     document = text.toUtf8();
     return {};
 }

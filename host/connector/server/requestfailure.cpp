@@ -52,7 +52,7 @@ QString RequestFailure::sentence() const
     case Kind::Truncated:
         return tr("The account service's reply broke off.");
     case Kind::BadReply:
-        return tr("The account service sent a reply that can not be read.");
+        return tr("The account service's reply cannot be read.");
     case Kind::CredentialsTest:
         return m_detail.isEmpty()
                    ? tr("No news server could be reached to test the user name and the password.")
@@ -64,6 +64,8 @@ QString RequestFailure::sentence() const
         return tr("The account service asks to log in again.");
     case Kind::Refused:
         return m_detail.isEmpty() ? tr("The account service refused the request.") : m_detail;
+    case Kind::UnwritableRequest:
+        return tr("A request holds a character that cannot be sent, so it was not sent.");
     case Kind::Unwritable:
         return tr("The user name or the password holds a character that can not be sent.");
     }
