@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "hostilenntpserver.h"
 #include "journal.h"
 #include "recordingrequest.h"
 #include "serviceaccount.h"
+#include "testidentity.h"
 #include "testlogin.h"
 
 #include <halvora/connector.h>
@@ -10,6 +12,7 @@
 #include <halvora/hserveraddressrotator.h>
 
 #include <QTcpServer>
+#include <QTemporaryFile>
 #include <QtTest>
 
 using Kind = RequestFailure::Kind;
@@ -22,6 +25,8 @@ class HServerTrustTest : public QObject {
 private Q_SLOTS:
     void aServiceWithABadCertificateIsToldNothing_data();
     void aServiceWithABadCertificateIsToldNothing();
+    void onlyAlternativeNamesCount_data();
+    void onlyAlternativeNamesCount();
     void aServiceOfAnUnknownAuthorityIsToldNothing();
     void anAuthorityFileThatIsNotThereTrustsNobody();
     void aServiceWithoutTlsIsToldNothing();
@@ -71,6 +76,45 @@ void HServerTrustTest::aServiceWithABadCertificateIsToldNothing()
     QCOMPARE(account.service().connections(), 1);
     QCOMPARE(account.requestCount(), 0);
     QCOMPARE(account.server().connectorState(), HServer::ServiceLost);
+}
+
+void HServerTrustTest::onlyAlternativeNamesCount_data()
+{
+    QTest::addColumn<QByteArray>("alternatives");
+    QTest::addColumn<bool>("isTold");
+    QTest::newRow("its name") << QByteArray("DNS:localhost") << true;
+    QTest::newRow("one of many names") << QByteArray("DNS:a.example,email:a@b,DNS:LocalHost") << true;
+    QTest::newRow("no names") << QByteArray() << false;
+    QTest::newRow("another name") << QByteArray("DNS:account.example") << false;
+    QTest::newRow("a mail address only") << QByteArray("email:a@localhost") << false;
+    QTest::newRow("an address only") << QByteArray("IP:127.0.0.1") << false;
+}
+
+// The common name is the right one each time.
+void HServerTrustTest::onlyAlternativeNamesCount()
+{
+    QFETCH(QByteArray, alternatives);
+    QFETCH(bool, isTold);
+    const TestIdentity authority({"Authority", {}, -1, 1, true});
+    const TestIdentity identity({"localhost", alternatives, -1, 1, false}, &authority);
+    HostileNntpServer server(
+        [](Conversation &client) {
+            client.hear();
+            client.hangUp();
+        },
+        identity);
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write(authority.pem());
+    file.close();
+    ServiceAccount account;
+    account.core().setAuthorityFile(file.fileName());
+    use(account, HServerAddress(QStringLiteral("localhost"), server.port(), true, 0));
+    const RequestFailure failure = failureOfLogin(account);
+    const QByteArray heard = server.transcript();
+    QCOMPARE(heard.startsWith("POST /account"), isTold);
+    QCOMPARE(heard.isEmpty(), !isTold);
+    QCOMPARE(failure.kind() == Kind::NotTrusted, !isTold);
 }
 
 void HServerTrustTest::aServiceOfAnUnknownAuthorityIsToldNothing()

@@ -31,7 +31,7 @@ TestIdentity::TestIdentity(const Wish &wish, const TestIdentity *issuer)
     X509_set_issuer_name(made, X509_get_subject_name(signer));
     X509_set_pubkey(made, m_key.get());
     addExtension(NID_basic_constraints, wish.isAuthority ? "critical,CA:TRUE" : "critical,CA:FALSE", signer);
-    if (!wish.isAuthority)
+    if (!wish.isAuthority && !wish.alternatives.isEmpty())
         addExtension(NID_subject_alt_name, wish.alternatives, signer);
     X509_sign(made, issuer ? issuer->key() : m_key.get(), EVP_sha256());
 }

@@ -13,9 +13,10 @@
 class TestIdentity {
 public:
     struct Wish {
-        QByteArray name = "localhost";             ///< the subject's common name
-        QByteArray alternatives = "DNS:localhost"; ///< in the notation of OpenSSL's x509v3_config(5)
-        int validFromDays = -1;                    ///< counted from now
+        QByteArray name = "localhost"; ///< the subject's common name
+        QByteArray alternatives =
+            "DNS:localhost";    ///< in the notation of OpenSSL's x509v3_config(5); empty: none
+        int validFromDays = -1; ///< counted from now
         int validToDays = 1;
         bool isAuthority = false;
     };

@@ -59,6 +59,8 @@ private Q_SLOTS:
 
     void onlyAVerifiedServerIsSpokenTo_data();
     void onlyAVerifiedServerIsSpokenTo();
+    void onlyAlternativeNamesCount_data();
+    void onlyAlternativeNamesCount();
     void anAuthorityIsNotTrustedUnlessItIsNamed_data();
     void anAuthorityIsNotTrustedUnlessItIsNamed();
     void anOutdatedProtocolIsRefused();
@@ -144,6 +146,36 @@ void tst_SimpleNntpClientTls::onlyAVerifiedServerIsSpokenTo()
     QCOMPARE(outcome.lastReply, isSpokenTo ? QStringLiteral("281 ok") : QString());
     QCOMPARE(server.transcript(), isSpokenTo ? userLine() + passLine() : QByteArray());
     QCOMPARE(m_core->newsServerReply(), QString());
+}
+
+void tst_SimpleNntpClientTls::onlyAlternativeNamesCount_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QByteArray>("alternatives");
+    QTest::addColumn<QString>("host");
+    const QString name = QStringLiteral("localhost");
+    const QString address = QStringLiteral("127.0.0.1");
+    QTest::newRow("no names") << QByteArray("localhost") << QByteArray() << name;
+    QTest::newRow("other name") << QByteArray("localhost") << QByteArray("DNS:news.example") << name;
+    QTest::newRow("an address only") << QByteArray("localhost") << QByteArray("IP:127.0.0.1") << name;
+    QTest::newRow("a mail address only")
+        << QByteArray("localhost") << QByteArray("email:a@localhost") << name;
+    QTest::newRow("address, no names") << QByteArray("127.0.0.1") << QByteArray() << address;
+    QTest::newRow("address as a name") << QByteArray("127.0.0.1") << QByteArray("DNS:127.0.0.1") << address;
+    QTest::newRow("wildcard") << QByteArray("localhost") << QByteArray("DNS:*") << name;
+}
+
+void tst_SimpleNntpClientTls::onlyAlternativeNamesCount()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(QByteArray, alternatives);
+    QFETCH(QString, host);
+    const TestIdentity identity({name, alternatives, -1, 1, false}, &m_authority);
+    HostileNntpServer server(greetAndAccept, identity);
+    const Outcome outcome = outcomeOf(*m_core, attemptOn(server.port(), host));
+    QVERIFY(!outcome.isConnected);
+    QCOMPARE(outcome.lastReply, QString());
+    QCOMPARE(server.transcript(), QByteArray());
 }
 
 void tst_SimpleNntpClientTls::anAuthorityIsNotTrustedUnlessItIsNamed_data()

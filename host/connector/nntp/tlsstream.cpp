@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tlsstream.h"
 
+#include "certificatenames.h"
 #include "waitbudget.h"
 
 #include <QFile>
@@ -66,7 +67,7 @@ bool TlsStream::start(const QString &host, const QString &authorityFile, const W
             return false;
         m_socket->waitForEncrypted(static_cast<int>(budget.slice().count()));
     }
-    return true;
+    return certificatenames::include(m_socket->peerCertificate(), host);
 }
 
 bool TlsStream::isOpen() const

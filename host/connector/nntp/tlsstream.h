@@ -17,8 +17,8 @@ public:
     explicit TlsStream(int descriptor);
     ~TlsStream() override;
 
-    /// Shakes hands. The certificate has to name @p host and come from an authority of the system's or of
-    /// @p authorityFile, which may be empty.
+    /// Shakes hands. The certificate has to name @p host among its subject alternative names and come from an
+    /// authority of the system's or of @p authorityFile, which may be empty.
     bool start(const QString &host, const QString &authorityFile, const WaitBudget &budget);
 
     bool isOpen() const override;

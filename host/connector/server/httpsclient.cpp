@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "httpsclient.h"
 
+#include "nntp/certificatenames.h"
 #include "replyguard.h"
 
+#include <QSslCertificate>
 #include <QThread>
 
 #include <curl/curl.h>
@@ -17,6 +19,7 @@ constexpr int longestHeaders = 64 * 1024;
 /// What libcurl's callbacks count and refuse during one exchange.
 struct Exchange {
     CURL *easy;
+    const QString &host;
     QByteArray *reply;
     int headerBytes = 0;
     RequestFailure failure;
@@ -27,6 +30,28 @@ struct Exchange {
         return 0;
     }
 };
+
+QSslCertificate peerCertificate(CURL *easy)
+{
+    curl_certinfo *chain = nullptr;
+    curl_easy_getinfo(easy, CURLINFO_CERTINFO, &chain);
+    const curl_slist *line = chain && chain->num_of_certs > 0 ? chain->certinfo[0] : nullptr;
+    for (const QByteArray prefix("Cert:"); line; line = line->next) {
+        if (qstrncmp(line->data, prefix.constData(), uint(prefix.size())) == 0)
+            return QSslCertificate(QByteArray(line->data + prefix.size()), QSsl::Pem);
+    }
+    return QSslCertificate();
+}
+
+// After the handshake and before the request is sent.
+int onConnected(void *user, char *, char *, int, int)
+{
+    auto *exchange = static_cast<Exchange *>(user);
+    if (certificatenames::include(peerCertificate(exchange->easy), exchange->host))
+        return CURL_PREREQFUNC_OK;
+    exchange->failure = Kind::NotTrusted;
+    return CURL_PREREQFUNC_ABORT;
+}
 
 size_t onBody(char *data, size_t, size_t size, void *user)
 {
@@ -148,6 +173,7 @@ void HttpsClient::Private::setUpSecurity(CURL *easy, const HttpsTarget &target)
     curl_easy_setopt(easy, CURLOPT_SSL_VERIFYPEER, 1L);
     curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, 2L);
     curl_easy_setopt(easy, CURLOPT_SSL_SESSIONID_CACHE, 0L);
+    curl_easy_setopt(easy, CURLOPT_CERTINFO, 1L);
     if (target.authorityFile.isEmpty())
         return;
     curl_easy_setopt(easy, CURLOPT_CAINFO, target.authorityFile.toLocal8Bit().constData());
@@ -189,11 +215,13 @@ RequestFailure HttpsClient::post(const HttpsTarget &target, const QByteArray &do
     lines = curl_slist_append(lines, "Expect:");
     const std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)> headers(lines, &curl_slist_free_all);
 
-    Exchange exchange{easy.get(), &reply, 0, {}};
+    Exchange exchange{easy.get(), target.host, &reply, 0, {}};
     d->setUp(easy.get(), target, left);
     curl_easy_setopt(easy.get(), CURLOPT_HTTPHEADER, headers.get());
     curl_easy_setopt(easy.get(), CURLOPT_POSTFIELDSIZE, long(document.size()));
     curl_easy_setopt(easy.get(), CURLOPT_POSTFIELDS, document.constData());
+    curl_easy_setopt(easy.get(), CURLOPT_PREREQFUNCTION, &onConnected);
+    curl_easy_setopt(easy.get(), CURLOPT_PREREQDATA, &exchange);
     curl_easy_setopt(easy.get(), CURLOPT_WRITEFUNCTION, &onBody);
     curl_easy_setopt(easy.get(), CURLOPT_WRITEDATA, &exchange);
     curl_easy_setopt(easy.get(), CURLOPT_HEADERFUNCTION, &onHeader);

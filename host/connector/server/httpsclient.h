@@ -18,8 +18,8 @@ struct HttpsTarget {
 };
 
 /// Posts one document and reads one, with libcurl, over a connection made for it alone: TLS 1.2 or later, the
-/// certificate and its name are checked, no redirect is followed, no proxy is asked, no status but 200 is
-/// read, and everything that comes is counted. Nothing is ever sent twice.
+/// certificate and its subject alternative names are checked, no redirect is followed, no proxy is asked, no
+/// status but 200 is read, and everything that comes is counted. Nothing is ever sent twice.
 ///
 /// post() blocks and is called on one thread at a time; QThread::isInterruptionRequested of that thread ends
 /// it. wake() may be called on any thread.
