@@ -81,7 +81,7 @@ void HServerTrustTest::aServiceWithABadCertificateIsToldNothing()
 void HServerTrustTest::onlyAlternativeNamesCount_data()
 {
     QTest::addColumn<QByteArray>("alternatives");
-    QTest::addColumn<bool>("isTold");
+    QTest::addColumn<bool>("isAsked");
     QTest::newRow("its name") << QByteArray("DNS:localhost") << true;
     QTest::newRow("one of many names") << QByteArray("DNS:a.example,email:a@b,DNS:LocalHost") << true;
     QTest::newRow("no names") << QByteArray() << false;
@@ -94,7 +94,7 @@ void HServerTrustTest::onlyAlternativeNamesCount_data()
 void HServerTrustTest::onlyAlternativeNamesCount()
 {
     QFETCH(QByteArray, alternatives);
-    QFETCH(bool, isTold);
+    QFETCH(bool, isAsked);
     const TestIdentity authority({"Authority", {}, -1, 1, true});
     const TestIdentity identity({"localhost", alternatives, -1, 1, false}, &authority);
     HostileNntpServer server(
@@ -112,9 +112,9 @@ void HServerTrustTest::onlyAlternativeNamesCount()
     use(account, HServerAddress(QStringLiteral("localhost"), server.port(), true, 0));
     const RequestFailure failure = failureOfLogin(account);
     const QByteArray heard = server.transcript();
-    QCOMPARE(heard.startsWith("POST /account"), isTold);
-    QCOMPARE(heard.isEmpty(), !isTold);
-    QCOMPARE(failure.kind() == Kind::NotTrusted, !isTold);
+    QCOMPARE(heard.startsWith("POST /account"), isAsked);
+    QCOMPARE(heard.isEmpty(), !isAsked);
+    QCOMPARE(failure.kind() == Kind::NotTrusted, !isAsked);
 }
 
 void HServerTrustTest::aServiceOfAnUnknownAuthorityIsToldNothing()

@@ -111,7 +111,7 @@ private Q_SLOTS:
     void afterAFailedTestTheServiceIsAsked();
 
 private:
-    /// The demo account has logged in at @p account and was told @p hosts; the program was started again.
+    /// The demo account has logged in at @p account and got @p hosts; then the program was started again.
     void startAfterALogin(LoopbackAccount &account, const Hosts &hosts);
     void expectLogin(HServer::State state);
     bool probe(const Hosts &hosts);

@@ -38,7 +38,7 @@ public:
     /// A row that is not there is left alone, and so is a message that can not be deleted.
     void deleteMessage(int row);
 
-    /// Whose messages are shown; empty: nobody's.
+    /// The account whose messages are shown; empty: none.
     QString account() const { return m_account; }
     /// Shows the messages of @p account, now and at the next start; nobody's when it is empty.
     void setAccount(const QString &account);

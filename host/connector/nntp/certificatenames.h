@@ -10,7 +10,7 @@ class QString;
 namespace certificatenames {
 
 /// Whether @p host, a name or an address, is among them. A wildcard stands for the whole first label of a
-/// name that has at least two others.
+/// name that has at least two more.
 bool include(const QSslCertificate &certificate, const QString &host);
 
 } // namespace certificatenames

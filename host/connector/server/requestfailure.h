@@ -27,8 +27,8 @@ public:
         RefusedCredentials, ///< the service does not know user name and password; the detail is its sentence
         RefusedSession,     ///< the session word is no longer good
         Refused,            ///< any other refusal of the service; the detail is its sentence
-        UnwritableRequest,  ///< a request other than a login would hold what XML can not carry
-        Unwritable,         ///< the login would hold what XML can not carry
+        UnwritableRequest,  ///< a request other than a login would hold what XML cannot carry
+        Unwritable,         ///< the login would hold what XML cannot carry
     };
 
     RequestFailure() = default;
