@@ -8,15 +8,16 @@ bool SiblingOrders::holds(qint64 id, int place) const
     return found != m_places.constEnd() && *found == place;
 }
 
-// While an item is moved two lists hold its row, so a new place in one of them may unsettle the other.
+// While an item is moved two lists hold its row, so a new place in one of them unsettles the other.
 bool SiblingOrders::note(qint64 id, int place)
 {
     if (id < 1)
         return false;
-    if (m_places.contains(id))
+    const bool isFirst = !m_places.contains(id);
+    if (!isFirst)
         unsettle();
     m_places[id] = place;
-    return true;
+    return isFirst;
 }
 
 void SiblingOrders::forget(qint64 id)

@@ -12,8 +12,9 @@ class BookmarkItem;
 class SiblingOrders {
 public:
     bool holds(qint64 id, int place) const;
-    /// @p place, which holds() denied, was stored for @p id. False when the id is no row's, so that nothing
-    /// can be known of it.
+    /// @p place, which holds() denied, was stored for @p id. False when a list with this item cannot be
+    /// settled yet: the id is no row's, or the row had another place, which a list that holds the row twice
+    /// writes again.
     bool note(qint64 id, int place);
     /// A row was inserted with @p id. There may have been one before it that a failure took back, and whose
     /// item still had its place written, to no effect.

@@ -266,6 +266,7 @@ private Q_SLOTS:
     void aClosedConnectionCostsNoStatement();
     void aRowThatTakesTheIdOfALostOneGetsItsPlace();
     void ordersThatAFailedInsertTookBackAreWrittenAgain();
+    void bothPlacesOfARowInOneListAreWrittenEachTime();
     void theFileMayBeLocked_data();
     void theFileMayBeLocked();
     void theDiskMayBeFull_data();
@@ -519,6 +520,24 @@ void TestFailingStatements::aRowThatTakesTheIdOfALostOneGetsItsPlace()
     store.model().addBookmarks({QStringLiteral("kept")}, store.at({0}));
     QCOMPARE(store.orders(QStringLiteral("1")).join(QLatin1Char(' ')),
              QStringLiteral("kept 0 renamed 1 b 2 inner 3"));
+}
+
+// The first of them is overwritten at once, but a trigger may see it.
+void TestFailingStatements::bothPlacesOfARowInOneListAreWrittenEachTime()
+{
+    BookmarkStore store;
+    begin(store);
+    const auto data = dragdata::record(0, 5, 1, QStringLiteral("b"));
+    QVERIFY(store.model().dropMimeData(data.get(), Qt::MoveAction, 0, 0, store.at({0})));
+    store.model().setItemColor(store.at({0, 3}), QStringLiteral("red"));
+    StatementFaults faults(BookmarkStore::handle());
+    StatementFault fault;
+    fault.change = StatementFault::Order;
+    fault.effect = StatementFault::Rollback;
+    faults.set(fault);
+    store.model().setItemColor(store.at({0, 3}), QStringLiteral("blue"));
+    faults.set({});
+    QCOMPARE(store.rows().at(5).at(4), QStringLiteral("red"));
 }
 
 void TestFailingStatements::theFileMayBeLocked_data()
