@@ -36,6 +36,8 @@ BookmarkOracle::~BookmarkOracle() = default;
 
 void BookmarkOracle::reopen()
 {
+    if (m_file && !sqlite3_get_autocommit(file().handle()))
+        file().run("COMMIT");
     m_file.reset();
     m_file = std::make_unique<SqliteFile>(m_path);
 }
@@ -107,6 +109,15 @@ void BookmarkOracle::lookIfWatched()
         look();
 }
 
+void BookmarkOracle::signal(const char *what, const OracleItem *parent, int first, int last)
+{
+    m_signals.append(QStringLiteral("%1 %2: %3-%4")
+                         .arg(QLatin1String(what))
+                         .arg(parent ? parent->id : -1)
+                         .arg(first)
+                         .arg(last));
+}
+
 void BookmarkOracle::load()
 {
     file().run("BEGIN");
@@ -115,7 +126,9 @@ void BookmarkOracle::load()
     m_newsgroups.clear();
     file().run("SELECT bookmark_newsgroup FROM bookmarks", {},
                [this](sqlite3_stmt *row) { m_newsgroups.append(SqlStatement::text(row, 0)); });
+    m_signals.append(QStringLiteral("newsgroups changed"));
     file().run("COMMIT");
+    m_signals += {QStringLiteral("resetting"), QStringLiteral("reset")};
     m_topLevel = std::move(items);
     lookIfWatched();
 }
@@ -125,6 +138,7 @@ void BookmarkOracle::clear()
     file().run("BEGIN");
     file().run("DELETE FROM bookmarks");
     file().run("COMMIT");
+    m_signals += {QStringLiteral("resetting"), QStringLiteral("reset")};
     m_topLevel.clear();
 }
 
@@ -175,8 +189,8 @@ void BookmarkOracle::deleteRows(OracleItem *item)
     for (const std::unique_ptr<OracleItem> &child : item->children)
         deleteRows(child.get());
     file().run("DELETE FROM bookmarks WHERE bookmark_id=?", {item->id});
-    if (!item->isFolder)
-        m_newsgroups.removeOne(item->name);
+    if (!item->isFolder && m_newsgroups.removeOne(item->name))
+        m_signals.append(QStringLiteral("removed ") + item->name);
 }
 
 void BookmarkOracle::addFolder(OracleItem *parent)
@@ -187,8 +201,11 @@ void BookmarkOracle::addFolder(OracleItem *parent)
     lookIfWatched();
     auto item = make(true, QStringLiteral("New Folder"), parent);
     OracleItem *folder = item.get();
-    insert(std::move(item), parent ? 0 : int(m_topLevel.size()));
+    const int row = parent ? 0 : int(m_topLevel.size());
+    signal("inserting", parent, row, row);
+    insert(std::move(item), row);
     save(folder);
+    signal("inserted", parent, row, row);
     lookIfWatched();
 }
 
@@ -205,13 +222,17 @@ void BookmarkOracle::addBookmarks(const QStringList &names, OracleItem *chosen)
     }
     touch(folder);
     lookIfWatched();
+    const int first = row;
+    signal("inserting", folder, first, first + names.size() - 1);
     for (const QString &name : names) {
         auto item = make(false, name, folder);
         OracleItem *bookmark = item.get();
         insert(std::move(item), folder ? row++ : int(m_topLevel.size()));
         save(bookmark);
         m_newsgroups.append(name);
+        m_signals.append(QStringLiteral("added ") + name);
     }
+    signal("inserted", folder, first, first + names.size() - 1);
     lookIfWatched();
 }
 
@@ -220,6 +241,7 @@ void BookmarkOracle::rename(OracleItem *item, const QString &name)
     touch(item);
     item->name = name;
     save(item);
+    signal("changed", item->parent, rowOf(item), rowOf(item));
     lookIfWatched();
 }
 
@@ -228,6 +250,7 @@ void BookmarkOracle::setColor(OracleItem *item, const QString &name)
     touch(item);
     item->color = knownColor(name, item->color);
     save(item);
+    signal("changed", item->parent, rowOf(item), rowOf(item));
     lookIfWatched();
 }
 
@@ -244,13 +267,17 @@ void BookmarkOracle::remove(OracleItem *item)
 {
     touch(item);
     lookIfWatched();
+    OracleItem *parent = item->parent;
+    const int row = rowOf(item);
+    signal("removing", parent, row, row);
     file().run("BEGIN");
-    OracleList &list = siblings(item->parent);
-    const auto place = at(list, rowOf(item));
+    OracleList &list = siblings(parent);
+    const auto place = at(list, row);
     const std::unique_ptr<OracleItem> removed = std::move(*place);
     list.erase(place);
     deleteRows(removed.get());
     file().run("COMMIT");
+    signal("removed", parent, row, row);
     lookIfWatched();
 }
 
@@ -260,13 +287,17 @@ void BookmarkOracle::dropNewsgroups(const QStringList &names, int row, OracleIte
     if (row == -1)
         row = int(siblings(folder).size());
     lookIfWatched();
+    const int first = row;
+    signal("inserting", folder, first, first + names.size() - 1);
     for (const QString &name : names) {
         auto item = make(false, name, folder);
         OracleItem *bookmark = item.get();
         insert(std::move(item), row++);
         save(bookmark);
         m_newsgroups.append(name);
+        m_signals.append(QStringLiteral("added ") + name);
     }
+    signal("inserted", folder, first, first + names.size() - 1);
     lookIfWatched();
 }
 
@@ -284,6 +315,9 @@ bool BookmarkOracle::dropBookmarks(const QVector<qint64> &ids, int row, OracleIt
     if (fresh.empty())
         return false;
     lookIfWatched();
+    const int first = row;
+    const int last = first + int(fresh.size()) - 1;
+    signal("inserting", folder, first, last);
     for (std::unique_ptr<OracleItem> &item : fresh) {
         OracleItem *moved = item.get();
         moved->parent = folder;
@@ -296,6 +330,7 @@ bool BookmarkOracle::dropBookmarks(const QVector<qint64> &ids, int row, OracleIt
             file().run("COMMIT");
         }
     }
+    signal("inserted", folder, first, last);
     lookIfWatched();
     return true;
 }
@@ -305,7 +340,10 @@ void BookmarkOracle::removeRows(int row, int count, OracleItem *parent)
     touch(parent);
     lookIfWatched();
     OracleList &list = siblings(parent);
-    list.erase(at(list, row), at(list, row + count));
+    const int end = qMin(row + count, int(list.size()));
+    signal("removing", parent, row, end - 1);
+    list.erase(at(list, row), at(list, end));
+    signal("removed", parent, row, end - 1);
     lookIfWatched();
 }
 
@@ -314,6 +352,7 @@ void BookmarkOracle::import(const QVector<OracleImport> &folders)
     if (folders.isEmpty())
         return;
     file().run("BEGIN");
+    m_signals.append(QStringLiteral("resetting"));
     lookIfWatched();
     QStringList newsgroups;
     for (const OracleImport &source : folders) {
@@ -334,5 +373,6 @@ void BookmarkOracle::import(const QVector<OracleImport> &folders)
     }
     file().run("COMMIT");
     m_newsgroups = newsgroups;
+    m_signals += {QStringLiteral("newsgroups changed"), QStringLiteral("reset")};
     lookIfWatched();
 }

@@ -8,6 +8,7 @@
 #include <QVector>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 struct OracleItem;
@@ -49,7 +50,10 @@ public:
     int rowOf(const OracleItem *item);
     /// The newsgroups that the program takes for bookmarked.
     const QStringList &newsgroups() const { return m_newsgroups; }
+    /// What model and provider have to signal, since the last call.
+    QStringList takeSignals() { return std::exchange(m_signals, {}); }
 
+    /// Commits first what a failed COMMIT left open.
     void reopen();
     void look();
     void touch(OracleItem *item);
@@ -77,6 +81,7 @@ private:
     void write(OracleItem *item);
     void renumber(OracleItem *parent);
     void deleteRows(OracleItem *item);
+    void signal(const char *what, const OracleItem *parent, int first, int last);
 
     const QString m_path;
     const bool m_looks;
@@ -84,4 +89,5 @@ private:
     std::unique_ptr<SqliteFile> m_file;
     OracleList m_topLevel;
     QStringList m_newsgroups;
+    QStringList m_signals;
 };

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -109,6 +110,7 @@ void BookmarkWalk::attach()
     m_oracleTrace = std::make_unique<CommitTrace>(m_oracle.file().handle(),
                                                   m_folder.filePath(QStringLiteral("oracle.sqlite")));
     m_watcher = std::make_unique<QObject>();
+    noteSignals();
     if (m_kind != Watched)
         return;
     CVBookmarkManager *model = &m_store.model();
@@ -121,6 +123,46 @@ void BookmarkWalk::attach()
     QObject::connect(model, &QAbstractItemModel::modelReset, m_watcher.get(), look);
     QObject::connect(model, &QAbstractItemModel::dataChanged, m_watcher.get(), look);
     m_store.check();
+}
+
+// Nothing is asked of the model here, as that would read children.
+void BookmarkWalk::noteSignals()
+{
+    const CVBookmarkManager *model = &m_store.model();
+    const auto add = [this](const char *what, const void *parent, int first, int last) {
+        m_signals.append(QStringLiteral("%1 %2: %3-%4")
+                             .arg(QLatin1String(what))
+                             .arg(parent ? static_cast<const BookmarkItem *>(parent)->id() : -1)
+                             .arg(first)
+                             .arg(last));
+    };
+    const auto rows = [add](const char *what) {
+        return [add, what](const QModelIndex &parent, int first, int last) {
+            add(what, parent.internalPointer(), first, last);
+        };
+    };
+    const auto note = [this](const char *what) {
+        return [this, what] { m_signals.append(QLatin1String(what)); };
+    };
+    const auto noteName = [this](const char *what) {
+        return [this, what](const QString &name) { m_signals.append(QLatin1String(what) + name); };
+    };
+    QObject *watcher = m_watcher.get();
+    QObject::connect(model, &QAbstractItemModel::rowsAboutToBeInserted, watcher, rows("inserting"));
+    QObject::connect(model, &QAbstractItemModel::rowsInserted, watcher, rows("inserted"));
+    QObject::connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, watcher, rows("removing"));
+    QObject::connect(model, &QAbstractItemModel::rowsRemoved, watcher, rows("removed"));
+    QObject::connect(model, &QAbstractItemModel::modelAboutToBeReset, watcher, note("resetting"));
+    QObject::connect(model, &QAbstractItemModel::modelReset, watcher, note("reset"));
+    QObject::connect(model, &QAbstractItemModel::dataChanged, watcher,
+                     [add](const QModelIndex &first, const QModelIndex &last) {
+                         const auto *item = static_cast<const BookmarkItem *>(first.internalPointer());
+                         add("changed", item->parent(), first.row(), last.row());
+                     });
+    const CVBookmarkProvider *provider = model->provider();
+    QObject::connect(provider, &BookmarkProvider::bookmarkAdded, watcher, noteName("added "));
+    QObject::connect(provider, &BookmarkProvider::bookmarkRemoved, watcher, noteName("removed "));
+    QObject::connect(provider, &BookmarkProvider::bookmarksChanged, watcher, note("newsgroups changed"));
 }
 
 void BookmarkWalk::detach()
@@ -164,6 +206,11 @@ QString BookmarkWalk::difference()
     const QString inMemory = ::difference(m_store.model().topLevelItems(), m_oracle.topLevel());
     if (!inMemory.isEmpty())
         return inMemory;
+    const QString separator = QStringLiteral(", ");
+    const QString emitted = std::exchange(m_signals, {}).join(separator);
+    const QString expected = m_oracle.takeSignals().join(separator);
+    if (emitted != expected)
+        return QStringLiteral("signals (%1) instead of (%2)").arg(emitted, expected);
     const QStringList newsgroups = m_store.model().provider()->bookmarkedNewsgroups();
     return newsgroups == m_oracle.newsgroups()
                ? QString()
@@ -321,6 +368,9 @@ qint64 BookmarkWalk::numberIn(const char *statement, std::initializer_list<SqlVa
 // not given out yet, because the row that had it was taken back, may be that of the next row.
 bool BookmarkWalk::wouldLoop(const QVector<qint64> &ids, const OracleItem *folder)
 {
+    // An endless tree can be walked in as long as nothing looks at all of it.
+    if (m_kind == Lazy && chance(10))
+        return false;
     const qint64 lastId =
         qMax(numberIn("SELECT max(bookmark_id) FROM bookmarks"), numberIn("SELECT seq FROM sqlite_sequence"));
     QSet<qint64> above;

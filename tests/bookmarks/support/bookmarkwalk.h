@@ -50,6 +50,7 @@ private:
 
     void attach();
     void detach();
+    void noteSignals();
     /// Runs both with the same failures, if any.
     void both(const std::function<void()> &model, const std::function<void()> &oracle);
     void beginFault();
@@ -87,6 +88,7 @@ private:
     void load();
     void clear();
     void reopen();
+    void addStrangeRows();
     void removeSource(int serial);
 
     const Kind m_kind;
@@ -99,6 +101,7 @@ private:
     std::unique_ptr<StatementFaults> m_modelFaults;
     std::unique_ptr<StatementFaults> m_oracleFaults;
     std::unique_ptr<QObject> m_watcher;
+    QStringList m_signals; ///< of model and provider, since the last comparison
     QVector<Drag> m_drags;
     QVector<int> m_sources; ///< of drops; what a view has yet to remove
     int m_limit = 20;       ///< of rows

@@ -8,6 +8,8 @@
 #include <QDataStream>
 #include <QMimeData>
 
+#include <sqlite3.h>
+
 #include <array>
 
 BookmarkWalk::Operation BookmarkWalk::nextOperation()
@@ -17,7 +19,7 @@ BookmarkWalk::Operation BookmarkWalk::nextOperation()
         const char *name;
         Operation operation;
     };
-    static const std::array<Choice, 15> choices{{{8, "add folder", &BookmarkWalk::addFolder},
+    static const std::array<Choice, 16> choices{{{8, "add folder", &BookmarkWalk::addFolder},
                                                  {10, "add bookmarks", &BookmarkWalk::addBookmarks},
                                                  {6, "rename", &BookmarkWalk::rename},
                                                  {4, "colour", &BookmarkWalk::setColor},
@@ -26,11 +28,12 @@ BookmarkWalk::Operation BookmarkWalk::nextOperation()
                                                  {11, "remove", &BookmarkWalk::remove},
                                                  {7, "drop newsgroups", &BookmarkWalk::dropNewsgroups},
                                                  {5, "start a drag", &BookmarkWalk::startDrag},
-                                                 {20, "drop bookmarks", &BookmarkWalk::dropBookmarks},
+                                                 {18, "drop bookmarks", &BookmarkWalk::dropBookmarks},
                                                  {7, "forget sources", &BookmarkWalk::forgetSources},
                                                  {2, "remove rows", &BookmarkWalk::removeAnyRows},
                                                  {2, "import", &BookmarkWalk::importFolders},
-                                                 {4, "load", &BookmarkWalk::load},
+                                                 {3, "load", &BookmarkWalk::load},
+                                                 {3, "strange rows", &BookmarkWalk::addStrangeRows},
                                                  {1, "reopen", &BookmarkWalk::reopen}}};
     Choice next{0, "clear", &BookmarkWalk::clear};
     if (items().size() > 3 * m_limit) {
@@ -256,7 +259,7 @@ void BookmarkWalk::removeAnyRows()
     OracleItem *parent = item->parent;
     const QModelIndex index = indexOf(parent);
     const int row = m_oracle.rowOf(item);
-    const int count = 1 + upTo(qMin(2, int(m_oracle.siblings(parent).size()) - row - 1));
+    const int count = 1 + upTo(2); // there may be fewer
     both([&] { m_store.model().removeRows(row, count, index); },
          [&] { m_oracle.removeRows(row, count, parent); });
 }
@@ -306,5 +309,36 @@ void BookmarkWalk::reopen()
     m_oracle.reopen();
     m_store.open();
     m_oracle.load();
+    m_oracle.takeSignals();
+    m_signals.clear();
     attach();
+}
+
+// Rows that no list leads to: orphans, also of an id that is given out next, and cycles; and rows below
+// others, bookmarks included.
+void BookmarkWalk::addStrangeRows()
+{
+    if (m_locked || !sqlite3_get_autocommit(BookmarkStore::handle()) ||
+        !sqlite3_get_autocommit(m_oracle.file().handle()))
+        return;
+    const qint64 next = 1 + qMax(qMax(numberIn("SELECT max(bookmark_id) FROM bookmarks"),
+                                      numberIn("SELECT seq FROM sqlite_sequence")),
+                                 qint64(0));
+    const OracleItem *item = anyItem();
+    const qint64 known = item && item->id > 0 ? item->id : next;
+    const qint64 parents[] = {1'000'000, next + 2 + upTo(2), next, next + 1, known};
+    const QString row = QStringLiteral("INSERT INTO bookmarks VALUES (%1, %2, 'strange', %3, NULL, 0, %4);");
+    QString rows;
+    for (int i = 0; i < 2; ++i) {
+        // The second of two rows in each other closes the cycle.
+        const qint64 parent = parents[upTo(4)];
+        const bool isFolder = parent != known && chance(50);
+        rows += row.arg(next + i)
+                    .arg(i == 1 && chance(30) ? next : parent)
+                    .arg(isFolder ? QStringLiteral("NULL") : QStringLiteral("'strange.group'"))
+                    .arg(upTo(3));
+    }
+    BookmarkStore::execute(m_store.path(), rows);
+    BookmarkStore::execute(m_folder.filePath(QStringLiteral("oracle.sqlite")), rows);
+    load();
 }
