@@ -19,6 +19,7 @@
 #include <QThread>
 
 #include <cstdio>
+#include <utility>
 
 // How the panel paints many bookmarks, beside a plain tree with the same rows, in turns, and how long the
 // import of an account's bookmarks keeps the window waiting. Each figure is the median of its rounds.
@@ -222,6 +223,16 @@ double import(const std::string &bookmarks)
     return held;
 }
 
+void printImport(int folders, int each, const char *reach)
+{
+    const std::string bookmarks = accountsBookmarks(folders, each);
+    QVector<double> held;
+    for (int round = 0; round < rounds; ++round)
+        held.append(import(bookmarks));
+    std::printf("import of %6d newsgroups in %6d folders %15.2f %30s\n", folders * each, folders,
+                median(held), reach);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -233,11 +244,8 @@ int main(int argc, char **argv)
     std::printf("from the file to the first picture, all open\n");
     for (const int each : {10, 100})
         std::printf("  %6d bookmarks %41.2f\n", 100 * each, restart(100, each));
-    const std::string bookmarks = accountsBookmarks(50, 40);
-    QVector<double> held;
-    for (int round = 0; round < rounds; ++round)
-        held.append(import(bookmarks));
-    std::printf("%-48s %9.2f %9s %10s   %s\n", "import of 2,000 newsgroups in 50 folders", median(held), "",
-                "", "at most 60 ms");
+    printImport(50, 40, "at most 60 ms");
+    for (const auto &[folders, each] : {std::pair(2, 10'000), std::pair(100, 200), std::pair(20'000, 1)})
+        printImport(folders, each, "at most 150 ms beyond SQLite's own time");
     return 0;
 }

@@ -76,6 +76,30 @@ void import(int count, int rounds, int literalRounds, const char *what, const ch
     print(what, sides, reach);
 }
 
+/// An account's bookmarks in @p folders folders; what exceeds SQLite's own time is the figure.
+void importFolders(int folders, int each, const char *what)
+{
+    constexpr int rounds = 5;
+    QVector<double> ours;
+    QVector<double> raw;
+    BookmarkItem root(BookmarkKind::Folder, nullptr);
+    for (int number = 0; number < folders; ++number) {
+        auto *folder = new BookmarkItem(BookmarkKind::Folder, &root);
+        folder->setName(QStringLiteral("folder %1").arg(number));
+        root.insertChild(number, folder);
+        for (int row = 0; row < each; ++row)
+            append(folder, number * each + row);
+    }
+    for (int round = 0; round < rounds; ++round) {
+        Scene scene;
+        RawBookmarks file(scene.copyPath());
+        raw.append(milliseconds([&] { file.appendAtLeast(scene.item->id(), folders * (each + 1), true); }));
+        ours.append(milliseconds([&] { scene.store.model().importFolders(root.children()); }));
+    }
+    std::printf("%-48s %9.2f %9.2f %8.1f ms more   at most 150\n", what, median(ours), median(raw),
+                median(ours) - median(raw));
+}
+
 void commits(int count, int rounds)
 {
     Sides sides;
@@ -120,6 +144,9 @@ int main(int argc, char **argv)
                 "faster", "reach");
     import(1'000, 15, 3, "1,000 newsgroups, one transaction", "at most 5 x; 80 x faster");
     import(10'000, 5, 1, "10,000 newsgroups, one transaction", "100 x faster");
+    importFolders(1, 20'000, "20,000 newsgroups in one folder");
+    importFolders(100, 200, "20,000 newsgroups in 100 folders");
+    importFolders(20'000, 1, "20,000 newsgroups in a folder each");
     commits(1'000, 15);
     load(10'000, 15);
     return 0;
