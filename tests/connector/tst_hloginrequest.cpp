@@ -15,6 +15,7 @@ private Q_SLOTS:
     void withoutAnUpdateThereIsNone();
     void whatMakesNoSenseIsLeftOut_data();
     void whatMakesNoSenseIsLeftOut();
+    void namesAsLongAsMayBeAreKept();
     void listsHaveAnEnd();
     void anyOtherReplyIsNoLogin_data();
     void anyOtherReplyIsNoLogin();
@@ -112,6 +113,15 @@ void HLoginRequestTest::whatMakesNoSenseIsLeftOut_data()
     QTest::newRow("port 65655")
         << QByteArray("<nntp-servers><server host=\"a.example\" port=\"65655\"/></nntp-servers>")
         << QByteArray("-1");
+    QTest::newRow("host that is too long")
+        << "<nntp-servers><server host=\"" + QByteArray(254, 'a') + "\" port=\"119\"/></nntp-servers>"
+        << QByteArray();
+    QTest::newRow("link that is too long")
+        << "<links><link key=\"home\" url=\"https://a.example/" + QByteArray(2'031, 'a') + "\"/></links>"
+        << QByteArray();
+    QTest::newRow("key that is too long")
+        << "<links><link key=\"" + QByteArray(256, 'k') + "\" url=\"https://a.example/\"/></links>"
+        << QByteArray();
     QTest::newRow("link without a key")
         << QByteArray("<links><link url=\"https://a.example/\"/></links>") << QByteArray(" ");
     QTest::newRow("link that is none")
@@ -130,6 +140,19 @@ void HLoginRequestTest::whatMakesNoSenseIsLeftOut()
     QVERIFY(login->nntpHosts().isEmpty());
     QVERIFY(login->links().isEmpty());
     QCOMPARE(login->autoSearchCheckInterval(), 0);
+}
+
+void HLoginRequestTest::namesAsLongAsMayBeAreKept()
+{
+    const std::string host(253, 'a');
+    const std::string key(255, 'k');
+    const std::string url = "https://a.example/" + std::string(2'030, 'a');
+    ServiceAccount account;
+    const auto login = answered(account, "<login session=\"word\"><nntp-servers><server host=\"" + host +
+                                             "\" port=\"119\"/></nntp-servers><links><link key=\"" + key +
+                                             "\" url=\"" + url + "\"/></links></login>");
+    QCOMPARE(login->nntpHosts().value(0).host(), QString::fromStdString(host));
+    QCOMPARE(login->links().keys(), QStringList{QString::fromStdString(key)});
 }
 
 void HLoginRequestTest::listsHaveAnEnd()

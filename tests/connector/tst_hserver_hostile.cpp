@@ -177,7 +177,12 @@ void HServerHostileTest::aReplyThatIsNoneIsOneFailure_data()
     row("65 attributes", wrapped("<success" + attributes(65) + "/>"));
     row("the same attribute to the limit",
         wrapped("<success" + QByteArray(" a=''").repeated(838'000 / sanitizedShare) + "/>"));
-    row("200001 elements", wrapped(QByteArray("<a/>").repeated(200'000)));
+    row("100001 elements", wrapped(QByteArray("<a/>").repeated(100'000)), Kind::TooLarge);
+    row("20001 newsgroups",
+        wrapped("<bookmarks>" + QByteArray("<newsgroup/>").repeated(20'001) + "</bookmarks>"),
+        Kind::TooLarge);
+    row("a name of 513 characters",
+        wrapped("<bookmarks><name>" + QByteArray(513, 'a') + "</name></bookmarks>"), Kind::TooLarge);
     row("another root", "<response version=\"1\"><success/></response>");
     row("another version", "<reply version=\"2\"><success/></reply>");
     row("no version", "<reply><success/></reply>");
@@ -188,6 +193,8 @@ void HServerHostileTest::aReplyThatIsNoneIsOneFailure_data()
     row("zero bytes in the text", wrapped("<success>" + QByteArray(5, '\0') + "</success>"));
     row("zero bytes alone", QByteArray(1000, '\0'));
     row("a control character", wrapped("<success>\x01</success>"));
+    row("a reference to a control character", wrapped("<success a=\"&#7;\"/>"));
+    row("a reference to half a surrogate pair", wrapped("<success>&#xD800;</success>"));
     row("refusal", wrapped("<error code=\"unavailable\">Later.</error>"), Kind::Refused);
     row("refusal for an unknown reason", wrapped("<error code=\"moon\"/>"), Kind::Refused);
     row("refusal without a reason", wrapped("<error/>"), Kind::Refused);

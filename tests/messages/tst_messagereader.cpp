@@ -15,6 +15,7 @@ private Q_SLOTS:
     void onlyWhatFollowsTheReplysOwnElementIsRead();
     void aMessageThatCanNotBeNamedIsLeftOut_data();
     void aMessageThatCanNotBeNamedIsLeftOut();
+    void ofTooManyMessagesTheLastAreRead();
     void textsBecomeOneLineOfPlainText_data();
     void textsBecomeOneLineOfPlainText();
     void aTextOfAMillionCharactersIsCut();
@@ -92,12 +93,29 @@ void MessageReaderTest::aMessageThatCanNotBeNamedIsLeftOut_data()
     QTest::newRow("one of a letter") << uid(1) << true;
     QTest::newRow("the longest") << uid(255) << true;
     QTest::newRow("too long") << uid(256) << false;
+    QTest::newRow("a tab and line ends") << QStringLiteral("uid=\"a&#9;&#10;&#13;\"") << true;
+    QTest::newRow("a surrogate pair") << QStringLiteral("uid=\"\U0001F44B\"") << true;
+    for (const char *code : {"0", "7", "x1F", "xD800", "xDFFF", "xFFFE", "xFFFF"})
+        QTest::addRow("what XML can not carry: %s", code)
+            << QStringLiteral("uid=\"a&#%1;b\"").arg(QLatin1String(code)) << false;
 }
 
 void MessageReaderTest::aMessageThatCanNotBeNamedIsLeftOut()
 {
     QFETCH(QString, attributes);
     QTEST(!readOne(attributes).isNull(), "kept");
+}
+
+void MessageReaderTest::ofTooManyMessagesTheLastAreRead()
+{
+    QString list;
+    for (int i = 0; i < 10'002; ++i)
+        list += QStringLiteral("<message uid=\"%1\"/><message uid=\"\"/>").arg(i);
+    const QVector<HMessage> messages = read(QStringLiteral("<success/><messages>%1</messages>").arg(list));
+    QCOMPARE(messages.size(), 10'000);
+    QCOMPARE(messages.first().uid(), QStringLiteral("2"));
+    QCOMPARE(messages.at(1).uid(), QStringLiteral("3"));
+    QCOMPARE(messages.last().uid(), QStringLiteral("10001"));
 }
 
 void MessageReaderTest::textsBecomeOneLineOfPlainText_data()

@@ -14,6 +14,14 @@ private:
     const corvia::Schema requests_{corvia::requestSchema()};
     const corvia::Schema replies_{corvia::replySchema()};
 
+    static QString loginReply(const QByteArray &host, const QByteArray &key, const QByteArray &url)
+    {
+        return QString::fromUtf8(
+            "<reply version='1'><login session='a' auto-search-interval='1'><nntp-servers><server host='" +
+            host + "' port='119' ssl='true'/></nntp-servers><links><link key='" + key + "' url='" + url +
+            "'/></links></login></reply>");
+    }
+
     static QStringList examples()
     {
         QFile file(QStringLiteral(CORVIA_DOCUMENT));
@@ -101,6 +109,21 @@ private Q_SLOTS:
         QCOMPARE(requests_.firstProblem(document).empty(), valid);
     }
 
+    void namesAsLongAsMayBeAreValid()
+    {
+        const QString name(512, QLatin1Char('a'));
+        const QStringList replies = {
+            QStringLiteral("<reply version='1'><bookmarks><folder><name>%1</name><newsgroup>%1</newsgroup>"
+                           "</folder></bookmarks></reply>")
+                .arg(name),
+            QStringLiteral("<reply version='1'><status><plan name='%1'/></status></reply>").arg(name),
+            loginReply(QByteArray(253, 'a'), QByteArray(255, 'a'),
+                       "https://a.example/" + QByteArray(2'030, 'a'))};
+        for (const QString &reply : replies) {
+            QCOMPARE(replies_.firstProblem(corvia::XmlDocument(reply.toStdString())), std::string());
+        }
+    }
+
     void aReplyThatIsNotValidIsRefused_data()
     {
         QTest::addColumn<QString>("reply");
@@ -116,6 +139,21 @@ private Q_SLOTS:
             << "<reply version='1'><bookmarks><folder><name> </name></folder></bookmarks></reply>";
         QTest::newRow("two names") << "<reply version='1'><bookmarks><folder><name>a</name><name>b</name>"
                                       "</folder></bookmarks></reply>";
+        const auto bookmarks = [](const QString &folder, const QString &newsgroup) {
+            return QStringLiteral(
+                       "<reply version='1'><bookmarks><folder><name>%1</name><newsgroup>%2</newsgroup>"
+                       "</folder></bookmarks></reply>")
+                .arg(folder, newsgroup);
+        };
+        const QString tooLong(513, QLatin1Char('a'));
+        QTest::newRow("too long a folder") << bookmarks(tooLong, QStringLiteral("a.b"));
+        QTest::newRow("too long a newsgroup") << bookmarks(QStringLiteral("a"), tooLong);
+        QTest::newRow("too long a plan")
+            << QStringLiteral("<reply version='1'><status><plan name='%1'/></status></reply>").arg(tooLong);
+        QTest::newRow("too long a host") << loginReply(QByteArray(254, 'a'), "home", "https://a.example/");
+        QTest::newRow("too long a key") << loginReply("a", QByteArray(256, 'a'), "https://a.example/");
+        QTest::newRow("too long an address")
+            << loginReply("a", "home", "https://a.example/" + QByteArray(2'031, 'a'));
         QTest::newRow("empty newsgroup")
             << "<reply "
                "version='1'><bookmarks><folder><name>a</name><newsgroup/></folder></bookmarks></reply>";

@@ -13,7 +13,10 @@
 
 namespace {
 
-constexpr int mostEntries = 100; // of news servers and of links
+constexpr int mostEntries = 100;   // of news servers and of links
+constexpr int maxHostLength = 253; // of a name in the DNS
+constexpr int maxKeyLength = 255;
+constexpr int maxUrlLength = 2'048;
 constexpr int maxSessionLength = 128;
 
 bool isSessionUnit(QChar unit)
@@ -40,7 +43,7 @@ QList<NntpHost> readHosts(const QDomElement &servers)
          server = server.nextSiblingElement(tag)) {
         const QString host = server.attribute(QStringLiteral("host")).trimmed();
         const ushort port = server.attribute(QStringLiteral("port")).toUShort();
-        if (!host.isEmpty() && port != 0)
+        if (!host.isEmpty() && host.size() <= maxHostLength && port != 0)
             hosts.append(
                 NntpHost(host, port, server.attribute(QStringLiteral("ssl")) == QLatin1String("true")));
     }
@@ -53,9 +56,12 @@ QHash<QString, UrlInfo> readLinks(const QDomElement &list)
     const QString tag = QStringLiteral("link");
     for (QDomElement link = list.firstChildElement(tag); !link.isNull() && links.size() < mostEntries;
          link = link.nextSiblingElement(tag)) {
-        const QUrl url(link.attribute(QStringLiteral("url")), QUrl::StrictMode);
+        const QString address = link.attribute(QStringLiteral("url"));
         const QString key = link.attribute(QStringLiteral("key"));
-        if (!key.isEmpty() && url.isValid())
+        if (key.isEmpty() || key.size() > maxKeyLength || address.size() > maxUrlLength)
+            continue;
+        const QUrl url(address, QUrl::StrictMode);
+        if (url.isValid())
             links.insert(key, UrlInfo(url));
     }
     return links;

@@ -2,12 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "messagereader.h"
 
+#include "xmltext.h"
+
 #include <halvora/hmessage.h>
 
 #include <QDomDocument>
 
+#include <algorithm>
+
 namespace {
 
+constexpr int maxMessages = 10'000;
 constexpr int longestUid = 255;   // characters; what a request may carry
 constexpr int longestUrl = 2'048; // characters
 
@@ -36,7 +41,7 @@ UrlInfo readUrl(const QString &text)
 HMessage readMessage(const QDomElement &element)
 {
     const QString uid = element.attribute(QStringLiteral("uid"));
-    if (uid.size() > longestUid || uid.trimmed().isEmpty())
+    if (uid.size() > longestUid || uid.trimmed().isEmpty() || !xmltext::canCarry(uid))
         return {};
     HMessage message(uid, element.text(), readDate(element.attribute(QStringLiteral("date"))),
                      readUrl(element.attribute(QStringLiteral("url"))));
@@ -53,11 +58,12 @@ QVector<HMessage> MessageReader::read(const QDomDocument &reply)
     const QString tag = QStringLiteral("message");
     const QDomElement own = reply.documentElement().firstChildElement();
     const QDomElement list = own.nextSiblingElement(QStringLiteral("messages"));
-    for (QDomElement element = list.firstChildElement(tag); !element.isNull();
-         element = element.nextSiblingElement(tag)) {
+    for (QDomElement element = list.lastChildElement(tag); !element.isNull() && messages.size() < maxMessages;
+         element = element.previousSiblingElement(tag)) {
         const HMessage message = readMessage(element);
         if (!message.isNull())
             messages.append(message);
     }
+    std::reverse(messages.begin(), messages.end());
     return messages;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "envelope.h"
 
+#include "messages/xmltext.h"
 #include "replyguard.h"
 
 #include <halvora/hrequest.h>
@@ -14,27 +15,6 @@ namespace {
 constexpr int longestSentence = 300;
 
 const auto version = QLatin1String("1");
-
-// XML 1.0, section 2.2, of what a single unit can be. A carriage return is a character too, but whoever reads
-// it gets a line feed.
-bool isXmlCharacter(QChar unit)
-{
-    const ushort code = unit.unicode();
-    return (code >= 0x20 && code < 0xFFFE && !unit.isSurrogate()) || code == '\t' || code == '\n';
-}
-
-bool canXmlCarry(const QString &text)
-{
-    for (int i = 0; i < text.size(); ++i) {
-        const bool isPair =
-            text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
-        if (isPair)
-            ++i;
-        else if (!isXmlCharacter(text.at(i)))
-            return false;
-    }
-    return true;
-}
 
 RequestFailure refusal(const QDomElement &error)
 {
@@ -62,7 +42,8 @@ RequestFailure Envelope::write(HRequest &request, const QString &session, QByteA
     request.buildRequestInternal(writer);
     writer.writeEndElement();
     writer.writeEndDocument();
-    if (writer.hasError() || !canXmlCarry(text))
+    // XML carries a carriage return, but its reader gets a line feed.
+    if (writer.hasError() || !xmltext::canCarry(text) || text.contains(QLatin1Char('')))
         return request.isLoginRequest() ? RequestFailure::Kind::Unwritable
                                         : RequestFailure::Kind::UnwritableRequest;
     document = text.toUtf8();
@@ -72,9 +53,9 @@ RequestFailure Envelope::write(HRequest &request, const QString &session, QByteA
 RequestFailure Envelope::read(const QByteArray &bytes, QDomDocument &document, QDomElement &element)
 {
     using Kind = RequestFailure::Kind;
-    QString why;
-    if (!ReplyGuard::parse(bytes, ReplyLimits(), document, why))
-        return {Kind::BadReply, why};
+    const RequestFailure failure = ReplyGuard::parse(bytes, ReplyLimits(), document);
+    if (!failure.isNull())
+        return failure;
     const QDomElement root = document.documentElement();
     if (root.tagName() != QLatin1String("reply") || root.attribute(QStringLiteral("version")) != version)
         return {Kind::BadReply, QStringLiteral("no reply of version 1")};
