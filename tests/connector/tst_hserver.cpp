@@ -21,6 +21,7 @@ private Q_SLOTS:
     void cleanup();
     void operationsRunInOrderOnTheWorkerAndDeliveryOnTheGuiThread();
     void theReplysOwnElementIsHandedOver();
+    void theReplyLivesAsLongAsItsRequestAndIsFreedOnTheWorker();
     void aRequestAtTheFrontOvertakesThoseThatWait();
     void aRequestThatMayNotGoKeepsItsPlaceAndHoldsNobodyUp();
     void aRequestThatWasAskedInVainStaysBeforeThoseBehindIt();
@@ -113,6 +114,32 @@ void HServerTest::theReplysOwnElementIsHandedOver()
     QCOMPARE(reply.tagName(), QStringLiteral("anything"));
     QCOMPARE(reply.attribute(QStringLiteral("kind")), QStringLiteral("new"));
     QCOMPARE(reply.firstChildElement().tagName(), QStringLiteral("part"));
+}
+
+void HServerTest::theReplyLivesAsLongAsItsRequestAndIsFreedOnTheWorker()
+{
+    QVERIFY(m_account->logIn());
+    HServer &server = m_account->server();
+    RequestPointer request = make(QStringLiteral("one"));
+    server.addRequestToQueue(request);
+    QTRY_COMPARE(request->deliveries(), 1);
+    const RequestPointer between = make(QStringLiteral("between"));
+    server.addRequestToQueue(between);
+    QTRY_COMPARE(between->deliveries(), 1);
+    const QDomElement element = request->reply();
+    QCOMPARE(element.parentNode().toElement().tagName(), QStringLiteral("reply"));
+
+    // The worker waits while the last reference to the request goes.
+    const RequestPointer gate = makeGate(QStringLiteral("gate"));
+    server.addRequestToQueue(gate);
+    QVERIFY(m_journal->waitFor(QStringLiteral("gate prepare")));
+    request.reset();
+    QVERIFY(!element.parentNode().isNull());
+    m_gate->release();
+    const RequestPointer next = make(QStringLiteral("next"));
+    server.addRequestToQueue(next);
+    QTRY_COMPARE(next->deliveries(), 1);
+    QVERIFY(element.parentNode().isNull());
 }
 
 void HServerTest::aRequestAtTheFrontOvertakesThoseThatWait()

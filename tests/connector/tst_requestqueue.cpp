@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "requestqueue.h"
 
+#include <QDomElement>
 #include <QtTest>
 
 using Kind = RequestFailure::Kind;
@@ -22,6 +23,8 @@ private Q_SLOTS:
     void aCancelledLoginEndsLoginsOnly();
     void aRequestMayFinishWithoutAWorker();
     void aJobKeepsTheSituationInWhichItWasTaken();
+    void theDocumentOfAReplyIsFreedByTheWorkerBeforeItTakesAnotherJob();
+    void aDocumentThatComesAfterTheEndIsFreedToo();
 
 private:
     static QSharedPointer<HRequest> request();
@@ -35,6 +38,8 @@ private:
     /// Makes the queue such that take() does not wait.
     static Jobs taken(RequestQueue &queue);
     static bool interrupt(RequestQueue &queue, quint64 turn);
+    /// A delivered job, whose request is gone, and a handle to its reply.
+    static Jobs withReply(QDomElement &element);
 };
 
 QSharedPointer<HRequest> RequestQueueTest::request()
@@ -86,6 +91,14 @@ QStringList RequestQueueTest::finished(RequestQueue &queue)
         found.append((request.isLoginRequest() ? QStringLiteral("login ") : QStringLiteral("request ")) +
                      (request.isSuccessful() ? QStringLiteral("good") : QStringLiteral("ended")));
     }
+}
+
+Jobs RequestQueueTest::withReply(QDomElement &element)
+{
+    Jobs jobs(1);
+    jobs.front().reply.setContent(QByteArray("<reply><status/></reply>"));
+    element = jobs.front().reply.documentElement();
+    return jobs;
 }
 
 Jobs RequestQueueTest::taken(RequestQueue &queue)
@@ -241,6 +254,35 @@ void RequestQueueTest::aJobKeepsTheSituationInWhichItWasTaken()
     QCOMPARE(job.front().situation.session, QStringLiteral("first"));
     QVERIFY(queue.finish(job));
     QCOMPARE(queue.takeFinished().front().situation.session, QStringLiteral("first"));
+}
+
+// A handle shows whether its document is there still; no request may keep one for as long.
+void RequestQueueTest::theDocumentOfAReplyIsFreedByTheWorkerBeforeItTakesAnotherJob()
+{
+    RequestQueue queue;
+    QDomElement element;
+    Jobs spent = withReply(element);
+    queue.giveBack(spent);
+    QVERIFY(spent.empty());
+    QVERIFY(!element.parentNode().isNull());
+    Jobs job = taken(queue);
+    QVERIFY(element.parentNode().isNull());
+    QVERIFY(!job.front().request.isNull());
+    QVERIFY(queue.finish(job));
+}
+
+void RequestQueueTest::aDocumentThatComesAfterTheEndIsFreedToo()
+{
+    QDomElement element;
+    {
+        RequestQueue queue;
+        queue.close();
+        QVERIFY(queue.take().empty());
+        Jobs spent = withReply(element);
+        queue.giveBack(spent);
+        QVERIFY(!element.parentNode().isNull());
+    }
+    QVERIFY(element.parentNode().isNull());
 }
 
 QTEST_GUILESS_MAIN(RequestQueueTest)

@@ -43,7 +43,7 @@ RequestFailure Envelope::write(HRequest &request, const QString &session, QByteA
     writer.writeEndElement();
     writer.writeEndDocument();
     // XML carries a carriage return, but its reader gets a line feed.
-    if (writer.hasError() || !xmltext::canCarry(text) || text.contains(QLatin1Char('')))
+    if (writer.hasError() || !xmltext::canCarry(text) || text.contains(QLatin1Char('\r')))
         return request.isLoginRequest() ? RequestFailure::Kind::Unwritable
                                         : RequestFailure::Kind::UnwritableRequest;
     document = text.toUtf8();

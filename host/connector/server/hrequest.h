@@ -34,8 +34,9 @@ public:
     virtual bool prepare();
     /// Writes the request's own element. Worker.
     virtual void buildRequestInternal(QXmlStreamWriter &writer);
-    /// Reads the reply's own element. Called at most once. Handles to it may be kept in the request's members
-    /// until the slots of requestFinished() have run. Worker.
+    /// Reads the reply's own element. Called at most once. Handles to it may be kept in the request's
+    /// members, and elsewhere on the GUI thread until the slots of requestFinished() have run: the worker
+    /// frees the document once the request is destroyed. Worker.
     virtual void buildResponseInternal(const QDomElement &reply);
     /// Reports the request, exactly once. GUI thread.
     virtual void deliver();

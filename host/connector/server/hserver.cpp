@@ -10,6 +10,8 @@
 
 #include <QScopedValueRollback>
 
+#include <utility>
+
 namespace {
 
 constexpr unsigned long longestWaitForWorker = 2000; // milliseconds
@@ -194,10 +196,14 @@ void HServer::watchDeadline()
 void HServer::deliverFinished(WhichRequests which)
 {
     for (std::size_t left = m_queue->finishedCount(); left > 0; --left) {
-        const RequestQueue::Jobs job = m_queue->takeFinished(which);
+        RequestQueue::Jobs job = m_queue->takeFinished(which);
         if (job.empty())
             return;
         deliver(job.front());
+        // A request may hold handles to its reply for as long as it lives.
+        const QSharedPointer<HRequest> request = std::exchange(job.front().request, {});
+        const auto spent = std::make_shared<RequestQueue::Jobs>(std::move(job));
+        connect(request.data(), &QObject::destroyed, this, [this, spent] { m_queue->giveBack(*spent); });
     }
 }
 

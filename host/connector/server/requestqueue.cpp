@@ -95,6 +95,15 @@ std::size_t RequestQueue::finishedCount()
     return m_finished.size();
 }
 
+void RequestQueue::giveBack(Jobs &spent)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_spent.splice(m_spent.end(), spent);
+    }
+    m_changed.notify_all();
+}
+
 void RequestQueue::goOn(quint64 turn)
 {
     {
@@ -133,11 +142,23 @@ RequestQueue::Jobs::iterator RequestQueue::nextCandidate()
                         [this](const ServerJob &job) { return job.askedIn != m_situationNumber; });
 }
 
+void RequestQueue::freeSpent(std::unique_lock<std::mutex> &lock)
+{
+    Jobs spent;
+    spent.swap(m_spent);
+    lock.unlock();
+    spent.clear();
+    lock.lock();
+}
+
 RequestQueue::Jobs RequestQueue::take()
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock,
-                   [this] { return m_closed || (m_unfollowed == 0 && nextCandidate() != m_waiting.end()); });
+    const auto canGoOn = [this] {
+        return m_closed || !m_spent.empty() || (m_unfollowed == 0 && nextCandidate() != m_waiting.end());
+    };
+    for (m_changed.wait(lock, canGoOn); !m_spent.empty(); m_changed.wait(lock, canGoOn))
+        freeSpent(lock);
     Jobs job;
     if (m_closed)
         return job;

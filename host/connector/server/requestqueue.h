@@ -37,7 +37,7 @@ struct ServerJob {
     bool isLogin = false;
     ServerSituation situation;
     QSharedPointer<HRequest> request;
-    QDomDocument reply;         ///< freed on the GUI thread, after the slots have run
+    QDomDocument reply;         ///< freed on the worker, when the request is gone
     QVector<HMessage> messages; ///< what the reply brought along
     RequestFailure failure;
     Clock::time_point deadline;
@@ -80,6 +80,9 @@ public:
     /// slots do may change what becomes of the others.
     Jobs takeFinished(WhichRequests which = WhichRequests::All);
     std::size_t finishedCount();
+    /// Leaves it to the worker to free what @p spent holds: the tree of a large reply takes longer than the
+    /// window may pause. No handle to the reply may be alive, and no request.
+    void giveBack(Jobs &spent);
     /// The conclusions from the job of @p turn are drawn.
     void goOn(quint64 turn);
     Current current();
@@ -99,6 +102,7 @@ private:
     void add(const QSharedPointer<HRequest> &request, qint64 place,
              RequestFailure::Kind why = RequestFailure::Kind::None);
     Jobs::iterator nextCandidate();
+    void freeSpent(std::unique_lock<std::mutex> &lock);
     bool finishLocked(Jobs &job);
     void abandonLocked(WhichRequests which, RequestFailure::Kind why);
     void interruptLocked(RequestFailure::Kind why, const std::function<void()> &interrupt);
@@ -108,6 +112,7 @@ private:
     std::condition_variable m_changed;
     Jobs m_waiting;  ///< by place
     Jobs m_finished; ///< the outbox
+    Jobs m_spent;    ///< what the worker has to free
     Current m_current;
     RequestFailure::Kind m_interruption = RequestFailure::Kind::None; ///< of the current job
     bool m_closed = false;

@@ -79,6 +79,7 @@ RequestFailure ServerWorker::exchange(ServerJob &job)
 
     QDomElement element;
     failure = Envelope::read(reply, job.reply, element);
+    reply.clear(); // the tree has it all, and what a request makes of it takes memory of its own
     job.messages = MessageReader::read(job.reply);
     if (failure.isNull())
         job.request->buildResponseInternal(element);
