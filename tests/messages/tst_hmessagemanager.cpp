@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "messagestore.h"
 #include "obstacles.h"
 
 #include <halvora/core.h>
@@ -27,6 +28,15 @@ HMessage message(const char *uid, int days, const char *text = "Text")
             UrlInfo(QUrl(QStringLiteral("https://www.corvia.example/")))};
 }
 
+/// @p count messages whose uids are the multiples of @p step; the date is that number of days.
+QVector<HMessage> numbered(int count, int step)
+{
+    QVector<HMessage> messages;
+    for (int i = 0; i < count; ++i)
+        messages.append(message(qPrintable(QString::number(i * step)), i * step));
+    return messages;
+}
+
 HMessage undated(const char *uid)
 {
     return {QString::fromLatin1(uid), QStringLiteral("Text"), QDateTime(), UrlInfo()};
@@ -52,6 +62,11 @@ private Q_SLOTS:
     void aMessageThatComesAgainIsUpdated();
     void anotherDateMovesTheRowAndItsSelection_data();
     void anotherDateMovesTheRowAndItsSelection();
+    void manyChangesAreOneReset_data();
+    void manyChangesAreOneReset();
+    void aResetShowsWhatSingleStepsWouldShow();
+    void whatManyMessagesBroughtIsThereAfterARestart();
+    void whatIsDoneToManyMessagesAtOnceIsKept();
     void whatWasReadStaysRead();
     void whatTheServiceSaysWasReadIsRead();
     void theSameUidTwiceInOneReplyIsOneMessage();
@@ -253,6 +268,98 @@ void HMessageManagerTest::anotherDateMovesTheRowAndItsSelection()
     QTEST(uids().join(QLatin1Char(' ')), "order");
     QCOMPARE(m_manager->messageAt(selected.row()).uid(), QStringLiteral("b"));
     QCOMPARE(m_manager->messageAt(selected.row()).date(), dayDate(days));
+}
+
+void HMessageManagerTest::manyChangesAreOneReset_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("resets");
+    QTest::addColumn<int>("moves");
+    QTest::newRow("300") << 300 << 0 << 299;
+    QTest::newRow("301") << 301 << 1 << 0;
+}
+
+void HMessageManagerTest::manyChangesAreOneReset()
+{
+    QFETCH(int, count);
+    receive(numbered(count, 1));
+    QVector<HMessage> again = numbered(count, 1);
+    for (int i = 0; i < count; ++i)
+        again[i].setDate(dayDate(count - i));
+    QSignalSpy resets(m_manager.get(), &QAbstractItemModel::modelReset);
+    QSignalSpy moves(m_manager.get(), &QAbstractItemModel::rowsMoved);
+    QSignalSpy changes(m_manager.get(), &QAbstractItemModel::dataChanged);
+    receive(again);
+    QTEST(resets.size(), "resets");
+    QTEST(moves.size(), "moves");
+    QVERIFY(resets.isEmpty() != changes.isEmpty());
+    QCOMPARE(m_manager->messageAt(0).uid(), QStringLiteral("0"));
+    QCOMPARE(m_manager->messageAt(count - 1).uid(), QString::number(count - 1));
+}
+
+void HMessageManagerTest::aResetShowsWhatSingleStepsWouldShow()
+{
+    m_tester.reset(); // which would look at every row again and again
+    HMessageManager steps(m_core.get());
+    steps.setAccount(QStringLiteral("bob"));
+    for (HMessageManager *manager : {m_manager.get(), &steps})
+        manager->receive(numbered(9'900, 2));
+    QVector<HMessage> next = numbered(800, 5);
+    for (int i = 0; i < next.size(); i += 3)
+        next[i].setRead(true);
+    receive(next);
+    for (int from = 0; from < next.size(); from += 100)
+        steps.receive(next.mid(from, 100));
+    QCOMPARE(m_manager->rowCount(), 10'000);
+    QCOMPARE(steps.rowCount(), 10'000);
+    for (int row = 0; row < steps.rowCount(); ++row)
+        QCOMPARE(m_manager->messageAt(row), steps.messageAt(row));
+}
+
+void HMessageManagerTest::whatManyMessagesBroughtIsThereAfterARestart()
+{
+    m_tester.reset();
+    receive(numbered(2'500, 1));
+    const QStringList shown = uids();
+    m_manager->setAccount(QStringLiteral("bob"));
+    m_manager->setAccount(QStringLiteral("ada"));
+    QCOMPARE(uids(), shown);
+
+    receive(numbered(4'500, 1));
+    restart();
+    QCOMPARE(m_manager->rowCount(), 4'500);
+
+    // The rest is written without anything else being done.
+    m_tester.reset();
+    receive(numbered(4'000, 2));
+    MessageStore store(m_core->storage(), m_core->providerName());
+    QTRY_COMPARE(store.load(QStringLiteral("ada")).entries.size(), uids().size());
+    QCOMPARE(m_manager->rowCount(), 6'250);
+}
+
+void HMessageManagerTest::whatIsDoneToManyMessagesAtOnceIsKept()
+{
+    m_tester.reset();
+    receive(numbered(2'500, 1));
+    m_manager->markMessageAsRead(0);
+    const QString deleted = m_manager->messageAt(1).uid();
+    m_manager->deleteMessage(1);
+    receive({message("new", 3'000)});
+    m_manager->setAccount(QStringLiteral("bob"));
+    receive(numbered(1'500, 1));
+    m_manager->clear();
+    restart();
+    QCOMPARE(m_manager->rowCount(), 0);
+    m_manager->setAccount(QStringLiteral("ada"));
+    QCOMPARE(m_manager->rowCount(), 0); // clearing is for every account
+
+    receive(numbered(2'500, 1));
+    QVERIFY(!uids().contains(deleted));
+    m_manager->deleteMessage(1);
+    m_manager->markMessageAsRead(0);
+    restart();
+    QCOMPARE(m_manager->rowCount(), 2'498);
+    QVERIFY(m_manager->messageAt(0).isRead());
 }
 
 void HMessageManagerTest::whatWasReadStaysRead()

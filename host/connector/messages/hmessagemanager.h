@@ -14,6 +14,7 @@
 
 class Core;
 class MessageStore;
+struct MessageChange;
 struct MessageEntry;
 
 /// The messages that the account service has told the user: one row a message, the newest first, at most
@@ -42,7 +43,8 @@ public:
     QString account() const { return m_account; }
     /// Shows the messages of @p account, now and at the next start; nobody's when it is empty.
     void setAccount(const QString &account);
-    /// Takes what the service told the account along with one reply, in the order of their arrival.
+    /// Takes what the service told the account along with one reply, in the order of their arrival. More than
+    /// 300 new or changed messages are one model reset, fewer are single steps.
     void receive(const QVector<HMessage> &messages);
     /// Forgets the messages of every account. What was deleted before stays deleted.
     void clear();
@@ -58,6 +60,10 @@ Q_SIGNALS:
 
 private:
     void load(const QString &account);
+    void compare(const QVector<HMessage> &messages, QVector<MessageEntry> &fresh,
+                 QVector<MessageChange> &changes);
+    QStringList replaceEach(const QVector<MessageEntry> &fresh, const QVector<MessageChange> &changes);
+    QStringList replaceAll(const QVector<MessageEntry> &fresh, const QVector<MessageChange> &changes);
     int placeOf(const MessageEntry &entry) const;
     void replaceEntry(int row, const MessageEntry &entry);
     void insertEntries(const QVector<MessageEntry> &entries);

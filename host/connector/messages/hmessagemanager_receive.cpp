@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int mostMessages = 10'000;
+constexpr int maxSteps = 300; // changes that views follow one by one
 
 bool isNewer(const MessageEntry &one, const MessageEntry &other)
 {
@@ -48,38 +49,74 @@ void HMessageManager::receive(const QVector<HMessage> &messages)
 {
     if (m_account.isEmpty())
         return;
-    QHash<QString, MessageEntry> known;
-    for (const MessageEntry &entry : qAsConst(m_entries))
-        known.insert(entry.message.uid(), entry);
-    const QDateTime now = QDateTime::currentDateTimeUtc();
     QVector<MessageEntry> fresh;
-    QVector<MessageEntry> changed;
-    const QVector<HMessage> told = lastOfEach(messages);
-    for (const HMessage &message : told) {
-        const auto before = known.constFind(message.uid());
-        if (before != known.constEnd()) {
-            const MessageEntry after{merged(before->message, message), before->arrival};
-            if (after.message != before->message) {
-                replaceEntry(placeOf(*before), after);
-                changed.append(after);
-            }
-        } else if (!m_deleted.contains(message.uid())) {
-            fresh.append({message, ++m_lastArrival});
-            if (!message.date().isValid())
-                fresh.last().message.setDate(now);
-        }
-    }
+    QVector<MessageChange> changes;
+    compare(lastOfEach(messages), fresh, changes);
     std::sort(fresh.begin(), fresh.end(), isNewer);
-    insertEntries(fresh);
-    const QStringList dropped = dropOldest();
+    const QStringList dropped =
+        fresh.size() + changes.size() > maxSteps ? replaceAll(fresh, changes) : replaceEach(fresh, changes);
     const bool isNews = !fresh.isEmpty() && isKept(fresh.first());
-    fresh += changed;
+    for (const MessageChange &change : qAsConst(changes))
+        fresh.append(change.after);
     fresh.erase(std::remove_if(fresh.begin(), fresh.end(),
                                [this](const MessageEntry &entry) { return !isKept(entry); }),
                 fresh.end());
     m_store->write(m_account, fresh, dropped);
     if (isNews)
         Q_EMIT newMessagesArrived();
+}
+
+/// Sorts @p messages into new ones and known ones with other content; the rest is dropped.
+void HMessageManager::compare(const QVector<HMessage> &messages, QVector<MessageEntry> &fresh,
+                              QVector<MessageChange> &changes)
+{
+    QHash<QString, int> rows;
+    rows.reserve(m_entries.size());
+    for (int row = 0; row < m_entries.size(); ++row)
+        rows.insert(m_entries.at(row).message.uid(), row);
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    for (const HMessage &message : messages) {
+        const int row = rows.value(message.uid(), -1);
+        if (row >= 0) {
+            const MessageEntry &before = m_entries.at(row);
+            const MessageEntry after{merged(before.message, message), before.arrival};
+            if (after.message != before.message)
+                changes.append({row, before, after});
+        } else if (!m_deleted.contains(message.uid())) {
+            fresh.append({message, ++m_lastArrival});
+            if (!message.date().isValid())
+                fresh.last().message.setDate(now);
+        }
+    }
+}
+
+/// Answers the uids of those for which there is no room.
+QStringList HMessageManager::replaceEach(const QVector<MessageEntry> &fresh,
+                                         const QVector<MessageChange> &changes)
+{
+    for (const MessageChange &change : changes)
+        replaceEntry(placeOf(change.before), change.after);
+    insertEntries(fresh);
+    if (m_entries.size() <= mostMessages)
+        return {};
+    beginRemoveRows({}, mostMessages, m_entries.size() - 1);
+    const QStringList dropped = dropOldest();
+    endRemoveRows();
+    return dropped;
+}
+
+/// The same in one reset: for each row that moves, views take time in proportion to all rows.
+QStringList HMessageManager::replaceAll(const QVector<MessageEntry> &fresh,
+                                        const QVector<MessageChange> &changes)
+{
+    beginResetModel();
+    for (const MessageChange &change : changes)
+        m_entries[change.row] = change.after;
+    m_entries += fresh;
+    std::sort(m_entries.begin(), m_entries.end(), isNewer);
+    const QStringList dropped = dropOldest();
+    endResetModel();
+    return dropped;
 }
 
 /// The row of @p entry, or the one that it would have.
@@ -119,17 +156,13 @@ void HMessageManager::insertEntries(const QVector<MessageEntry> &entries)
     }
 }
 
-/// The uids of those for which there is no room.
 QStringList HMessageManager::dropOldest()
 {
     QStringList dropped;
-    if (m_entries.size() <= mostMessages)
-        return dropped;
     for (int row = mostMessages; row < m_entries.size(); ++row)
         dropped.append(m_entries.at(row).message.uid());
-    beginRemoveRows({}, mostMessages, m_entries.size() - 1);
-    m_entries.resize(mostMessages);
-    endRemoveRows();
+    if (!dropped.isEmpty())
+        m_entries.resize(mostMessages);
     return dropped;
 }
 

@@ -10,9 +10,12 @@
 #include <QUuid>
 #include <QVariant>
 
+#include <algorithm>
 #include <initializer_list>
 
 namespace {
+
+constexpr int maxPiece = 1'000; // messages; about five milliseconds
 
 enum Column { UidColumn, ArrivalColumn, DateColumn, TextColumn, UrlColumn, ReadColumn, DeletableColumn };
 
@@ -86,11 +89,13 @@ MessageStore::MessageStore(StorageManager *storage, const QString &provider)
     , m_name(provider + QStringLiteral("-messages"))
     , m_connection(m_name + QUuid::createUuid().toString(QUuid::WithoutBraces))
 {
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { writePiece(); });
 }
 
 // A connection can be removed only when nothing refers to it any more, not even a handle.
 MessageStore::~MessageStore()
 {
+    finishWriting();
     if (m_open)
         QSqlDatabase::removeDatabase(m_connection);
 }
@@ -116,6 +121,7 @@ QSqlDatabase MessageStore::database()
 
 MessageStore::Contents MessageStore::load(const QString &account)
 {
+    finishWriting();
     const QSqlDatabase connection = database();
     Contents contents;
     Statement messages(
@@ -133,8 +139,35 @@ MessageStore::Contents MessageStore::load(const QString &account)
 void MessageStore::write(const QString &account, const QVector<MessageEntry> &entries,
                          const QStringList &forgotten)
 {
+    finishWriting();
+    m_pending = {account, entries, forgotten};
+    // In the order of the primary key the pages of the table fill one after the other.
+    std::sort(m_pending.entries.begin(), m_pending.entries.end(),
+              [](const MessageEntry &one, const MessageEntry &other) {
+                  return one.message.uid() < other.message.uid();
+              });
+    writePiece();
+    if (!m_pending.isEmpty())
+        m_timer.start(0);
+}
+
+void MessageStore::finishWriting()
+{
+    while (!m_pending.isEmpty())
+        writePiece();
+}
+
+void MessageStore::writePiece()
+{
+    const QStringList forgotten = m_pending.forgotten.mid(0, maxPiece);
+    const QVector<MessageEntry> entries = m_pending.entries.mid(0, maxPiece - forgotten.size());
+    m_pending.forgotten.erase(m_pending.forgotten.begin(), m_pending.forgotten.begin() + forgotten.size());
+    m_pending.entries.remove(0, entries.size());
+    if (m_pending.isEmpty())
+        m_timer.stop();
     if (entries.isEmpty() && forgotten.isEmpty())
         return;
+    const QString &account = m_pending.account;
     const QSqlDatabase connection = database();
     const Transaction transaction(connection);
     Statement forget(connection, QStringLiteral("DELETE FROM messages WHERE account=? AND uid=?"));
@@ -154,6 +187,7 @@ void MessageStore::write(const QString &account, const QVector<MessageEntry> &en
 
 void MessageStore::markDeleted(const QString &account, const QString &uid)
 {
+    finishWriting();
     const QSqlDatabase connection = database();
     const Transaction transaction(connection);
     Statement(connection,
@@ -163,6 +197,7 @@ void MessageStore::markDeleted(const QString &account, const QString &uid)
 
 void MessageStore::clear()
 {
+    finishWriting();
     const QSqlDatabase connection = database();
     const Transaction transaction(connection);
     Statement(connection, QStringLiteral("DELETE FROM messages WHERE NOT is_deleted")).run();

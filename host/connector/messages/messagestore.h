@@ -6,6 +6,7 @@
 
 #include <QSet>
 #include <QStringList>
+#include <QTimer>
 #include <QVector>
 
 class QSqlDatabase;
@@ -22,9 +23,17 @@ struct MessageEntry {
 
 Q_DECLARE_TYPEINFO(MessageEntry, Q_MOVABLE_TYPE);
 
+/// A known message that comes again with other content.
+struct MessageChange {
+    int row = 0; ///< before any change
+    MessageEntry before;
+    MessageEntry after;
+};
+
 /// The messages of every account in the profile, in a database of their own that is opened when it is first
-/// needed. Each operation is one transaction. What fails is told to DBUtils and has no other consequence.
-/// GUI thread.
+/// needed. Each operation is one transaction, but for large writes: those go in pieces whenever the event
+/// loop has nothing else to do, and before anything else is done. What fails is told to DBUtils and has no
+/// other consequence. GUI thread.
 class MessageStore {
 public:
     struct Contents {
@@ -46,10 +55,22 @@ public:
     void clear();
 
 private:
+    struct Pending {
+        QString account;
+        QVector<MessageEntry> entries;
+        QStringList forgotten;
+
+        bool isEmpty() const { return entries.isEmpty() && forgotten.isEmpty(); }
+    };
+
     QSqlDatabase database();
+    void writePiece();
+    void finishWriting();
 
     StorageManager *const m_storage;
     const QString m_name;
     const QString m_connection;
     bool m_open = false;
+    Pending m_pending; ///< what of the last write is still to be done
+    QTimer m_timer;
 };
