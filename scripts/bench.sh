@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 scripts/packages.sh test
 cmake --preset release >/dev/null
 programs=(bench_start bench_bookmarkstart bench_login bench_bookmarkstore bench_bookmarklookup bench_bookmarkspanel
-          bench_messagespanel bench_newslist bench_newsgroupfilter)
+          bench_messagespanel bench_newslist bench_newsgroupfilter bench_replies)
 cmake --build --preset release --target "${programs[@]}" >/dev/null
 for program in "${programs[@]}"; do
     echo "== $program"

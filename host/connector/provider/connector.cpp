@@ -166,8 +166,8 @@ void Connector::storeNntpHosts(const QList<NntpHost> &hosts)
 }
 
 // After a refused test the next attempt goes to the account service, which knows the password and the news
-// servers for certain. A request that the worker had at the logout ends behind it, and its slots may show again
-// what was left.
+// servers for certain. A request that the worker had at the logout ends behind it, and its slots may show
+// again what was left.
 void Connector::applyFailure(const RequestFailure &failure, bool isLogin)
 {
     if (isLogin && failure.kind() == RequestFailure::Kind::CredentialsTest)

@@ -62,8 +62,9 @@ public:
     bool shutDown();
 
 Q_SIGNALS:
-    /// The login of an account has ended, by logOut() or by the login of another one: what is known of it holds
-    /// no longer. Emitted after its requests have ended, and once more for one that the worker gives back later.
+    /// The login of an account has ended, by logOut() or by the login of another one: what is known of it
+    /// holds no longer. Emitted after its requests have ended, and once more for one that the worker gives
+    /// back later.
     void accountLeft();
 
 private:
