@@ -59,6 +59,14 @@
         <source>NZB files (*.nzb);;All files (*)</source>
         <translation>NZB-Dateien (*.nzb);;Alle Dateien (*)</translation>
     </message>
+    <message>
+        <source>Too many links and files are waiting already; the last one was not kept.</source>
+        <translation>Es warten schon zu viele Links und Dateien; der oder die letzte wurde nicht behalten.</translation>
+    </message>
+    <message>
+        <source>Waiting for another program that uses the bookmarks file…</source>
+        <translation>Warten auf ein anderes Programm, das die Lesezeichendatei verwendet…</translation>
+    </message>
 </context>
 <context>
     <name>ArticleList</name>

@@ -65,10 +65,9 @@ Application::Application(const Options &options)
 
     m_window = std::make_unique<MainWindow>(m_core.get());
     m_core->setMainWindow(m_window.get());
-    polishPlugins();
     connectWindow();
-    addDetails();
-    m_window->restoreLayout();
+    if (!isStoreLocked())
+        makeReady();
 }
 
 Application::~Application()
@@ -128,6 +127,16 @@ void Application::useService()
         std::make_unique<HServerAddressRotator>(plugin->configName(), QList<HServerAddress>{address}));
 }
 
+void Application::makeReady()
+{
+    m_isReady = true;
+    polishPlugins();
+    connectProvider();
+    addDetails();
+    m_window->restoreLayout();
+    showLastingNotice();
+}
+
 // All in one turn of the event loop: what a plug-in queues for later in init() finds its panels.
 void Application::polishPlugins()
 {
@@ -147,6 +156,14 @@ void Application::polishPlugins()
 }
 
 void Application::start()
+{
+    if (m_isReady)
+        begin();
+    else
+        waitForStore();
+}
+
+void Application::begin()
 {
     for (CorePluginInterface *plugin : qAsConst(m_plugins))
         plugin->onApplicationStart();
@@ -168,6 +185,9 @@ void Application::start()
         readPassword();
         if (isLinkUsable)
             open(link);
+        const std::vector<std::function<void()>> kept = std::exchange(m_keptCalls, {});
+        for (const std::function<void()> &call : kept)
+            call();
     });
     if (!m_options.screenshot.isEmpty())
         takePicture(m_options.screenshot);
@@ -180,9 +200,12 @@ void Application::shutDown(int exitCode)
     if (m_down)
         return;
     m_down = true;
+    m_storeTimer->stop();
     m_login.reset();
-    for (CorePluginInterface *plugin : qAsConst(m_plugins))
-        plugin->onShutdown();
+    if (m_isReady) {
+        for (CorePluginInterface *plugin : qAsConst(m_plugins))
+            plugin->onShutdown();
+    }
     const bool workersEnded = !m_provider || m_provider->connectorPlugin()->connector()->shutDown();
     if (!workersEnded) {
         qCWarning(logApplication) << "the worker did not end in time";

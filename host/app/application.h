@@ -8,9 +8,13 @@
 #include <halvora/hserver.h>
 
 #include <QObject>
+#include <QPointer>
+#include <QTimer>
 #include <QVector>
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 class AbstractProvider;
 class ConnectorPlugin;
@@ -20,12 +24,17 @@ class DetailsDock;
 class LoginController;
 class MainWindow;
 class OutsideLink;
+class Picture;
 
 /// The program from its start to its end: makes core and window, loads the plug-ins and drives them through
-/// their interface, each callback once and at its moment. GUI thread.
+/// their interface, each callback once and at its moment. While another program holds the provider's
+/// database, the window comes first: the plug-ins are initialised when the lock goes. GUI thread.
 class Application final : public QObject {
     Q_OBJECT
 public:
+    /// How many links, files and calls of later starts are kept while the program waits for its database.
+    static constexpr int maxKeptCalls = 100;
+
     explicit Application(const Options &options);
     /// Shuts everything down unless shutDown() was called.
     ~Application() override;
@@ -44,6 +53,7 @@ public:
 
     Core *core() const;
     MainWindow *window() const;
+    /// Null without a provider and while the program waits for its database.
     LoginController *login() const;
     /// The provider's, or null when no plug-in offers one.
     ConnectorPlugin *connectorPlugin() const;
@@ -52,8 +62,16 @@ private:
     void loadPlugins(const QString &directory);
     void addPlugin(CorePluginInterface *plugin, const QString &file);
     void useService();
+    bool isStoreLocked() const;
+    void waitForStore();
+    void retryStore();
+    void whenReady(std::function<void()> call);
+    void makeReady();
     void polishPlugins();
+    void begin();
     void connectWindow();
+    void connectProvider();
+    void showLastingNotice();
     void addDetails();
     void saveReport();
     void showSettings();
@@ -75,5 +93,9 @@ private:
     QVector<CorePluginInterface *> m_plugins; ///< owned by their libraries
     AbstractProvider *m_provider = nullptr;   ///< one of the plug-ins
     QStringList m_notices;
+    QTimer *const m_storeTimer = new QTimer(this); ///< runs while the program waits for its database
+    std::vector<std::function<void()>> m_keptCalls;
+    QPointer<Picture> m_picture;
+    bool m_isReady = false; ///< the plug-ins are initialised and polished
     bool m_down = false;
 };

@@ -28,7 +28,7 @@ void Application::answerCall(const QString &argument)
 
 void Application::openFromOutside(const QString &text)
 {
-    open(OutsideLink::parse(text, ownScheme()));
+    whenReady([this, text] { open(OutsideLink::parse(text, ownScheme())); });
 }
 
 bool Application::open(const OutsideLink &link)
@@ -63,6 +63,7 @@ void Application::chooseFile()
                                    tr("NZB files (*.nzb);;All files (*)"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
-    connect(dialog, &QFileDialog::fileSelected, this, &Application::openFile);
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this](const QString &path) { whenReady([this, path] { openFile(path); }); });
     dialog->open();
 }

@@ -35,10 +35,12 @@ void Application::connectWindow()
     connect(m_window.get(), &MainWindow::fileRequested, this, &Application::chooseFile);
     connect(m_window.get(), &MainWindow::fileDropped, this, &Application::openFromOutside);
     connect(&m_core->links(), &LinkOpener::refused, m_window.get(), &MainWindow::showNotice);
-    const StorageManager *storage = m_core->storage();
-    connect(storage, &StorageManager::writeProblemChanged, m_window.get(), &MainWindow::showLastingNotice);
-    m_window->showLastingNotice(storage->writeProblem());
+    connect(m_core->storage(), &StorageManager::writeProblemChanged, this, &Application::showLastingNotice);
     connect(m_core->locale(), &LocaleManager::languageChanged, this, &Application::changeLanguage);
+}
+
+void Application::connectProvider()
+{
     if (!m_provider) {
         m_window->setOnlineState(MainWindow::Offline, tr("No provider plug-in is loaded"));
         m_window->setLoginPossible(false, false);
@@ -90,9 +92,11 @@ void Application::showState(HServer::State state)
 
 void Application::changeLanguage()
 {
+    showLastingNotice();
+    if (!m_isReady)
+        return; // init() takes the language over
     for (CorePluginInterface *plugin : qAsConst(m_plugins))
         plugin->onLanguageChange();
-    m_window->showLastingNotice(m_core->storage()->writeProblem());
     if (!m_provider)
         return m_window->setOnlineState(MainWindow::Offline, tr("No provider plug-in is loaded"));
     m_window->setWindowTitle(m_provider->windowTitle());
@@ -101,7 +105,7 @@ void Application::changeLanguage()
 
 void Application::showSettings()
 {
-    auto *dialog = new SettingsDialog(m_core.get(), connectorPlugin(), m_window.get());
+    auto *dialog = new SettingsDialog(m_core.get(), m_isReady ? connectorPlugin() : nullptr, m_window.get());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->open();
 }
@@ -138,12 +142,14 @@ void Application::readPassword()
 
 void Application::takePicture(const QString &file)
 {
-    if (!m_login) {
+    if (m_picture)
+        return m_picture->setLogin(m_login.get());
+    if (!m_provider) {
         qCritical("There is no account to log in to.");
         QMetaObject::invokeMethod(
             qApp, [] { QCoreApplication::exit(EXIT_FAILURE); }, Qt::QueuedConnection);
         return;
     }
-    new Picture(file, m_window.get(), m_provider->connectorPlugin()->connector()->server(), m_login.get(),
-                this);
+    m_picture = new Picture(file, m_window.get(), m_provider->connectorPlugin()->connector()->server(),
+                            m_login.get(), this);
 }

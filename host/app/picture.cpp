@@ -35,13 +35,19 @@ Picture::Picture(const QString &file, MainWindow *window, HServer *server, Login
         m_patience.stop();
         QTimer::singleShot(settling, this, &Picture::save);
     });
+    if (login)
+        setLogin(login);
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, [this] { giveUp(tr("It took too long.")); });
+    setPatience(patience);
+}
+
+void Picture::setLogin(LoginController *login)
+{
     connect(login, &LoginController::loginFailed, this,
             [this](const RequestFailure &failure) { giveUp(failure.sentence()); });
     connect(login, &LoginController::accountUnknown, this,
             [this] { giveUp(tr("No user name or no password is known.")); });
-    m_patience.setSingleShot(true);
-    connect(&m_patience, &QTimer::timeout, this, [this] { giveUp(tr("It took too long.")); });
-    setPatience(patience);
 }
 
 void Picture::setPatience(int milliseconds)

@@ -16,8 +16,12 @@ class MainWindow;
 class Picture final : public QObject {
     Q_OBJECT
 public:
+    /// @p login may be null, see setLogin().
     Picture(const QString &file, MainWindow *window, HServer *server, LoginController *login,
             QObject *parent);
+
+    /// Ends the program when @p login fails, for a picture that waited for it.
+    void setLogin(LoginController *login);
 
     /// Milliseconds from now until the program ends without a picture.
     void setPatience(int milliseconds);

@@ -1,5 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
+#include "bookmarkfile.h"
+#include "obstacles.h"
+
 #include <halvora/storagemanager.h>
 
 #include <QTemporaryDir>
@@ -19,6 +22,10 @@ private Q_SLOTS:
     void aNameIsOneComponentOfAPath_data();
     void aNameIsOneComponentOfAPath();
     void databasesLieInTheDataFolder();
+    void aLockOfAnotherProgramIsNoticed_data();
+    void aLockOfAnotherProgramIsNoticed();
+    void whatIsNoDatabaseIsNotLocked_data();
+    void whatIsNoDatabaseIsNotLocked();
 };
 
 namespace {
@@ -135,6 +142,66 @@ void StorageManagerTest::databasesLieInTheDataFolder()
     QCOMPARE(storage.databasePath(QStringLiteral("corvia")),
              profile.filePath(QStringLiteral("corvia.sqlite")));
     QCOMPARE(QFileInfo(storage.databasePath(QStringLiteral("../x"))).path(), profile.path());
+}
+
+void StorageManagerTest::aLockOfAnotherProgramIsNoticed_data()
+{
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<bool>("isLocked");
+    QTest::newRow("none") << QString() << false;
+    QTest::newRow("another process reads") << QStringLiteral("reads") << false;
+    QTest::newRow("another process writes") << QStringLiteral("writes") << true;
+    QTest::newRow("a change that is not committed") << QStringLiteral("BEGIN IMMEDIATE") << true;
+    QTest::newRow("an exclusive transaction") << QStringLiteral("BEGIN EXCLUSIVE") << true;
+}
+
+void StorageManagerTest::aLockOfAnotherProgramIsNoticed()
+{
+    QFETCH(QString, what);
+    QFETCH(bool, isLocked);
+    const QTemporaryDir profile;
+    const QString path = profile.filePath(QStringLiteral("corvia.sqlite"));
+    BookmarkFile file(path);
+    std::unique_ptr<ForeignLock> lock;
+    if (what == QLatin1String("reads") || what == QLatin1String("writes")) {
+        lock = std::make_unique<ForeignLock>(path, what == QLatin1String("reads") ? ForeignLock::Reads
+                                                                                  : ForeignLock::Writes);
+        QVERIFY(lock->isHeld());
+    } else if (!what.isEmpty()) {
+        QVERIFY(file.run(what));
+    }
+    const StorageManager storage(profile.path());
+    QCOMPARE(storage.isDatabaseLocked(QStringLiteral("corvia")), isLocked);
+    lock.reset();
+    if (isLocked)
+        file.run(QStringLiteral("ROLLBACK"));
+    QVERIFY(!storage.isDatabaseLocked(QStringLiteral("corvia")));
+    QVERIFY(file.add(QStringLiteral("one"))); // what was tried left no lock
+}
+
+void StorageManagerTest::whatIsNoDatabaseIsNotLocked_data()
+{
+    QTest::addColumn<QString>("kind");
+    for (const char *kind : {"nothing", "folder", "pipe", "empty", "text"})
+        QTest::newRow(kind) << QString::fromLatin1(kind);
+}
+
+void StorageManagerTest::whatIsNoDatabaseIsNotLocked()
+{
+    QFETCH(QString, kind);
+    const QTemporaryDir profile;
+    const QString path = profile.filePath(QStringLiteral("corvia.sqlite"));
+    if (kind == QLatin1String("folder"))
+        QVERIFY(QDir().mkdir(path));
+    if (kind == QLatin1String("pipe"))
+        QVERIFY(::mkfifo(QFile::encodeName(path).constData(), 0600) == 0);
+    if (kind == QLatin1String("empty") || kind == QLatin1String("text"))
+        BookmarkFile::setBytes(path, kind == QLatin1String("text") ? "no bookmarks" : "");
+    if (kind == QLatin1String("empty"))
+        BookmarkFile::setBytes(path + QStringLiteral("-journal"), "a journal");
+    const QStringList before = QDir(profile.path()).entryList();
+    QVERIFY(!StorageManager(profile.path()).isDatabaseLocked(QStringLiteral("corvia")));
+    QCOMPARE(QDir(profile.path()).entryList(), before);
 }
 
 QTEST_GUILESS_MAIN(StorageManagerTest)

@@ -15,8 +15,9 @@ class QAction;
 class QWidget;
 
 /// What the application knows of a provider plug-in. The order of the operations is part of the interface.
-/// Everything is called on the GUI thread, by the application: create and init once each, then polish in the
-/// same turn of the event loop.
+/// Everything is called on the GUI thread, by the application: create once, then init and polish once each in
+/// the same turn of the event loop, which may be a later one: the application waits while another program
+/// holds the provider's database. Other operations follow polish, onShutdown only then.
 class HALVORA_CORE_EXPORT CorePluginInterface {
 public:
     CorePluginInterface() = default;

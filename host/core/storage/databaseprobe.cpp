@@ -15,26 +15,36 @@ QString existingFile(const QString &file)
     return QStringLiteral("file:%1?mode=rw").arg(QString::fromLatin1(QUrl::toPercentEncoding(file, "/")));
 }
 
+int codeOf(const QSqlError &error)
+{
+    return error.nativeErrorCode().toInt() & 0xff; // the rest refines it
+}
+
 // Only what SQLite says of the contents counts. A lock, a missing right or a bad cable is no reason to take
 // the user's file away.
 bool saysDamaged(const QSqlError &error)
 {
     constexpr int malformed = 11;
     constexpr int noDatabase = 26;
-    const int code = error.nativeErrorCode().toInt() & 0xff; // the rest refines it
-    return code == malformed || code == noDatabase;
+    return codeOf(error) == malformed || codeOf(error) == noDatabase;
+}
+
+bool saysBusy(const QSqlError &error)
+{
+    constexpr int busy = 5;
+    return codeOf(error) == busy;
 }
 
 } // namespace
 
-DatabaseProbe::DatabaseProbe(const QString &file)
+DatabaseProbe::DatabaseProbe(const QString &file, std::chrono::milliseconds busyTime)
     : m_connection(QStringLiteral("halvora.probe.%1").arg(quintptr(this)))
     , m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection))
 {
     m_database.setDatabaseName(existingFile(file));
-    // Not read-only: a reader who may not write cannot play back a journal. And nobody waits for a lock here,
-    // because the window would.
-    m_database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=0"));
+    // Not read-only: a reader who may not write cannot play back a journal.
+    m_database.setConnectOptions(
+        QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(busyTime.count()));
     m_database.open();
 }
 
@@ -53,6 +63,20 @@ DatabaseProbe::State DatabaseProbe::check()
     if (query.exec(QStringLiteral("PRAGMA quick_check(1)")) && query.next())
         return query.value(0).toString() == QLatin1String("ok") ? State::Good : State::Damaged;
     return saysDamaged(query.lastError()) ? State::Damaged : State::Unknown;
+}
+
+bool DatabaseProbe::isLocked()
+{
+    if (!m_database.isOpen())
+        return false;
+    QSqlQuery query(m_database);
+    if (!query.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")))
+        return saysBusy(query.lastError());
+    query.finish();
+    if (!query.exec(QStringLiteral("BEGIN IMMEDIATE")))
+        return saysBusy(query.lastError());
+    query.exec(QStringLiteral("ROLLBACK"));
+    return false;
 }
 
 bool DatabaseProbe::copyInto(const QString &target, QString *why)

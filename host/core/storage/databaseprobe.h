@@ -5,6 +5,8 @@
 #include <QSqlDatabase>
 #include <QString>
 
+#include <chrono>
+
 /// A look into a database file through a connection of its own, which ends with the probe. A file that is not
 /// there is not made. GUI thread.
 class DatabaseProbe {
@@ -13,13 +15,16 @@ public:
     /// that says nothing about its contents.
     enum class State { Good, Damaged, Unknown };
 
-    explicit DatabaseProbe(const QString &file);
+    /// Each statement waits @p busyTime for the lock of another program.
+    explicit DatabaseProbe(const QString &file, std::chrono::milliseconds busyTime = {});
     ~DatabaseProbe();
     Q_DISABLE_COPY(DatabaseProbe)
 
     /// Plays back what an interrupted write left behind, as every first reader does, and reads the whole
     /// file.
     State check();
+    /// Whether another program keeps this one from reading or writing the file.
+    bool isLocked();
     /// Writes the contents to @p target, which must not be there. False with @p why when that fails; what was
     /// written by then is left.
     bool copyInto(const QString &target, QString *why);

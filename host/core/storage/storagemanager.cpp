@@ -3,6 +3,7 @@
 #include <halvora/storagemanager.h>
 
 #include "databaseguard.h"
+#include "databaseprobe.h"
 #include "writealarm.h"
 
 #include <QDir>
@@ -16,6 +17,9 @@
 namespace {
 
 constexpr int MaximumLength = 60; // characters of at most four bytes, of the 255 bytes of a name
+
+// For each of the two statements that are tried.
+constexpr std::chrono::milliseconds lockTime(100);
 
 void makePrivateDirectory(const QString &path)
 {
@@ -56,8 +60,7 @@ QString StorageManager::databasePath(const QString &storageName)
 
 QString StorageManager::databasePath(const QString &storageName, Contents contents)
 {
-    const QString name = fileName(storageName, QStringLiteral("halvora"));
-    QString path = QDir(dataDirectory()).filePath(name + QStringLiteral(".sqlite"));
+    QString path = pathOf(storageName);
     if (m_guarded.contains(path))
         return path;
     m_guarded.insert(path);
@@ -66,6 +69,19 @@ QString StorageManager::databasePath(const QString &storageName, Contents conten
         raiseNotice(sentence);
     m_alarm->add(path, contents);
     return path;
+}
+
+QString StorageManager::pathOf(const QString &storageName) const
+{
+    const QString name = fileName(storageName, QStringLiteral("halvora"));
+    return QDir(dataDirectory()).filePath(name + QStringLiteral(".sqlite"));
+}
+
+// A pipe would block, and beside an empty file SQLite deletes the journal.
+bool StorageManager::isDatabaseLocked(const QString &storageName) const
+{
+    const QFileInfo file(pathOf(storageName));
+    return file.isFile() && file.size() > 1 && DatabaseProbe(file.filePath(), lockTime).isLocked();
 }
 
 // What is told before there is a window has to wait for one.

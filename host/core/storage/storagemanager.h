@@ -46,6 +46,10 @@ public:
     /// The same for a database that keeps @p contents.
     QString databasePath(const QString &storageName, Contents contents);
 
+    /// Whether another program keeps this one from using the database of @p storageName. Tries to read and to
+    /// begin a change on a connection of its own, for at most 200 ms; to be called before the file is opened.
+    bool isDatabaseLocked(const QString &storageName) const;
+
     /// Names the folder for downloads within the user's own; the name is cleaned with fileName().
     void setDownloadFolderName(const QString &name);
     /// The absolute path of the folder for downloads, which whoever saves the first file makes.
@@ -77,6 +81,7 @@ Q_SIGNALS:
     void writeProblemChanged(const QString &sentence);
 
 private:
+    QString pathOf(const QString &storageName) const;
     void raiseNotice(const QString &sentence);
 
     QString m_profile; ///< absolute, or empty

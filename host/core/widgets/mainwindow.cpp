@@ -145,6 +145,11 @@ void MainWindow::showLastingNotice(const QString &sentence)
     m_status->showLastingNotice(sentence);
 }
 
+void MainWindow::restorePlace()
+{
+    m_layout->restorePlace();
+}
+
 void MainWindow::restoreLayout()
 {
     // The notice is a tool bar to Qt, and would come and go with the saved arrangement.

@@ -57,7 +57,10 @@ public:
     /// sentence when it is. Plain text.
     void showLastingNotice(const QString &sentence);
 
-    /// Goes back to the place, size and panels of the last run; to be called when all panels were added.
+    /// Goes back to the place and size of the last run, for a window that is shown before its panels.
+    void restorePlace();
+    /// Goes back to the place, size and panels of the last run; to be called when all panels were added. A
+    /// window that is closed before leaves what is kept as it is.
     void restoreLayout();
     /// Shows the window before all others, as far as the desktop lets a program do that.
     void bringToFront();

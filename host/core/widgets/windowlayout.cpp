@@ -76,17 +76,27 @@ WindowLayout::WindowLayout(QMainWindow *window, QSettings &settings)
 
 void WindowLayout::save() const
 {
+    if (m_defaults.isEmpty())
+        return;
     m_settings.setValue(geometryKey(), sealed(m_window->saveGeometry()));
     m_settings.setValue(stateKey(), sealed(m_window->saveState(version)));
+}
+
+void WindowLayout::restorePlace()
+{
+    m_isPlaced = true;
+    if (!m_window->restoreGeometry(unsealed(m_settings.value(geometryKey()))))
+        applyDefaultSize();
+    bringOnScreen();
 }
 
 void WindowLayout::restore()
 {
     if (m_defaults.isEmpty())
         m_defaults = m_window->saveState(version);
-    if (!m_window->restoreGeometry(unsealed(m_settings.value(geometryKey()))))
-        applyDefaultSize();
-    bringOnScreen();
+    if (!m_isPlaced)
+        restorePlace();
+    m_isPlaced = false; // a later call goes back to what was saved then
     if (!m_window->restoreState(unsealed(m_settings.value(stateKey())), version))
         applyDefaultPanels();
 }

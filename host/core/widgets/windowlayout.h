@@ -14,7 +14,10 @@ public:
     WindowLayout(QMainWindow *window, QSettings &settings);
     Q_DISABLE_COPY(WindowLayout)
 
+    /// Does nothing before the first restore(): a window without its panels has no arrangement to keep.
     void save() const;
+    /// Applies place and size as they were saved, once; restore() does so otherwise.
+    void restorePlace();
     /// Takes the present arrangement of the panels as the one to go back to, then applies what was saved.
     void restore();
     /// Puts the panels back to where they were before the first restore().
@@ -28,4 +31,5 @@ private:
     QMainWindow *const m_window;
     QSettings &m_settings;
     QByteArray m_defaults;
+    bool m_isPlaced = false;
 };
