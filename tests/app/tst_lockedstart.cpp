@@ -42,7 +42,7 @@ QByteArray oneFile()
 
 } // namespace
 
-/// A start while another program holds the bookmarks file.
+/// Another program holds the bookmarks file when this one starts, or while it runs.
 class TestLockedStart : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -56,11 +56,17 @@ private Q_SLOTS:
     void asManyCallsAreKeptAsAreNamed();
     void theLanguageAndTheSettingsCanBeChangedMeanwhile();
     void aPictureIsTakenWhenTheLockGoes();
+    void aChangeThatALockKeepsBackIsReportedUntilItIsSaved();
+    void aChangeThatALockRefusesIsReportedUntilTheEnd();
 
 private:
     void lock(ForeignLock::Kind kind = ForeignLock::Writes);
     bool isWaiting();
     bool isReady();
+    /// Opens the program with the bookmarks of the account.
+    void openWithBookmarks();
+    bool rename(const QString &name);
+    QString line();
     QAbstractItemView *bookmarks();
     QString notice() { return m_program->find<QLabel>("halvora.notice")->text(); }
 
@@ -115,6 +121,25 @@ bool TestLockedStart::isReady()
     const QAbstractItemView *tree = bookmarks();
     return m_program->window().isVisible() && tree && tree->isVisible() &&
            !m_program->find<QLabel>("halvora.lastingNotice")->isVisible();
+}
+
+void TestLockedStart::openWithBookmarks()
+{
+    m_program->open();
+    m_program->logIn(QStringLiteral("demo"), QStringLiteral("pinegate"));
+    QTRY_VERIFY_WITH_TIMEOUT(bookmarks()->model()->rowCount() > 0, aMinute);
+}
+
+bool TestLockedStart::rename(const QString &name)
+{
+    QAbstractItemModel *model = bookmarks()->model();
+    return model->setData(model->index(0, 0), name);
+}
+
+QString TestLockedStart::line()
+{
+    const auto *label = m_program->find<QLabel>("halvora.lastingNotice");
+    return label->isVisible() ? label->text() : QString();
 }
 
 void TestLockedStart::theWindowComesFirstAndTheRestWhenTheLockGoes()
@@ -246,6 +271,31 @@ void TestLockedStart::aPictureIsTakenWhenTheLockGoes()
     }
     QVERIFY(QImage(options.screenshot).width() >= 300);
     m_program->open(); // for cleanup()
+}
+
+void TestLockedStart::aChangeThatALockKeepsBackIsReportedUntilItIsSaved()
+{
+    openWithBookmarks();
+    lock(ForeignLock::Reads);
+    QVERIFY(rename(QStringLiteral("kept back")));
+    QVERIFY2(line().contains(QLatin1String("locked. Changes made since ")), qPrintable(line()));
+    m_lock.reset();
+    QVERIFY(rename(QStringLiteral("saved")));
+    QTRY_COMPARE_WITH_TIMEOUT(line(), QString(), aMinute);
+}
+
+void TestLockedStart::aChangeThatALockRefusesIsReportedUntilTheEnd()
+{
+    openWithBookmarks();
+    lock(ForeignLock::Writes);
+    QVERIFY(rename(QStringLiteral("refused")));
+    QVERIFY2(line().contains(QLatin1String("locked. Changes made since ")), qPrintable(line()));
+    m_lock.reset();
+    m_program->application().core()->storage()->checkNow();
+    QTRY_VERIFY_WITH_TIMEOUT(line().startsWith(QLatin1String("Changes made since ")), aMinute);
+    m_program->close();
+    m_program->open();
+    QCOMPARE(line(), QString());
 }
 
 QTEST_MAIN(TestLockedStart)
