@@ -47,6 +47,7 @@ private Q_SLOTS:
     void aQueryOfAConnectionThatWasClosedHasFailed();
     void anUpdateThatTouchesNoRowHasFailed();
     void aLockIsWaitedForASecond();
+    void afterALockTheSameTurnDoesNotWaitAgain();
     void aBusyTimeThatAStoreChoseIsKept();
     void everyConnectionIsClosed();
     void theEndCommitsWhatALockKeptBack();
@@ -160,6 +161,22 @@ void DBUtilsTest::aLockIsWaitedForASecond()
     QVERIFY(m_told.value(0).contains(QLatin1String("locked")));
 }
 
+void DBUtilsTest::afterALockTheSameTurnDoesNotWaitAgain()
+{
+    BookmarkFile file(path("turn.sqlite"));
+    QVERIFY(runChecked(file, "SELECT 1"));
+    QVERIFY(!runChecked(file, "SELECT 1 FROM absent"));
+    QCOMPARE(busyTime(file), 1000);
+    const ForeignLock lock(path("turn.sqlite"), ForeignLock::Writes);
+    QVERIFY(lock.isHeld());
+    QVERIFY(!runChecked(file, "INSERT INTO bookmarks (title) VALUES ('one')"));
+    QCOMPARE(busyTime(file), 0);
+    QVERIFY(!runChecked(file, "INSERT INTO bookmarks (title) VALUES ('two')"));
+    QTRY_COMPARE(busyTime(file), 1000);
+    file.database().close();
+    QCoreApplication::processEvents();
+}
+
 void DBUtilsTest::aBusyTimeThatAStoreChoseIsKept()
 {
     BookmarkFile file(path("own.sqlite"));
@@ -167,6 +184,10 @@ void DBUtilsTest::aBusyTimeThatAStoreChoseIsKept()
     file.database().setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=20"));
     QVERIFY(file.database().open());
     QVERIFY(runChecked(file, "SELECT 1"));
+    QCOMPARE(busyTime(file), 20);
+    const ForeignLock lock(path("own.sqlite"), ForeignLock::Writes);
+    QVERIFY(lock.isHeld());
+    QVERIFY(!runChecked(file, "INSERT INTO bookmarks (title) VALUES ('one')"));
     QCOMPARE(busyTime(file), 20);
     QCOMPARE(file.database().connectOptions(), QStringLiteral("QSQLITE_BUSY_TIMEOUT=20"));
 }

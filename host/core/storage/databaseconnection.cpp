@@ -9,6 +9,7 @@
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QTimer>
 #include <QVariant>
 
 #include <chrono>
@@ -25,9 +26,20 @@ QString busyOption()
     return QStringLiteral("QSQLITE_BUSY_TIMEOUT=");
 }
 
-void setBusyTime(const QSqlDatabase &connection)
+int codeOf(const QSqlQuery &query)
 {
-    QSqlQuery(connection).exec(QStringLiteral("PRAGMA busy_timeout = %1").arg(busyTime.count()));
+    return query.lastError().nativeErrorCode().toInt() & 0xff; // the rest refines it
+}
+
+QString ownOption()
+{
+    return busyOption() + QString::number(busyTime.count());
+}
+
+void setBusyTime(const QSqlDatabase &connection, std::chrono::milliseconds time = busyTime)
+{
+    if (connection.isOpen())
+        QSqlQuery(connection).exec(QStringLiteral("PRAGMA busy_timeout = %1").arg(time.count()));
 }
 
 } // namespace
@@ -54,10 +66,21 @@ void databaseconnection::limitBusyTime(const QSqlQuery &query)
     const QString options = connection.connectOptions();
     if (options.contains(busyOption()))
         return;
-    const QString option = busyOption() + QString::number(busyTime.count());
-    connection.setConnectOptions(options.isEmpty() ? option : options + QLatin1Char(';') + option);
-    if (connection.isOpen())
-        setBusyTime(connection);
+    connection.setConnectOptions(options.isEmpty() ? ownOption() : options + QLatin1Char(';') + ownOption());
+    setBusyTime(connection);
+}
+
+void databaseconnection::stopWaiting(const QSqlQuery &query)
+{
+    constexpr int busy = 5; // SQLITE_BUSY
+    if (codeOf(query) != busy)
+        return;
+    const QSqlDatabase connection = find(query.driver());
+    if (!connection.isValid() || !connection.connectOptions().endsWith(ownOption()))
+        return;
+    setBusyTime(connection, {});
+    const QString name = connection.connectionName();
+    QTimer::singleShot(0, connection.driver(), [name] { setBusyTime(QSqlDatabase::database(name, false)); });
 }
 
 bool databaseconnection::isInTransaction(const QSqlDriver &driver)
@@ -70,7 +93,7 @@ bool databaseconnection::isInTransaction(const QSqlDriver &driver)
         return false;
     }
     constexpr int nested = 1; // SQLITE_ERROR; a BEGIN that is refused for another reason has another code
-    return (query.lastError().nativeErrorCode().toInt() & 0xff) == nested;
+    return codeOf(query) == nested;
 }
 
 void databaseconnection::noteCommit(const QSqlQuery &query, bool hasFailed)

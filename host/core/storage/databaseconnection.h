@@ -16,6 +16,10 @@ QSqlDatabase find(const QSqlDriver *driver);
 /// opened again. Does so once a connection, and not where its owner chose a busy time.
 void limitBusyTime(const QSqlQuery &query);
 
+/// After @p query met another program's lock in vain, the statements of its connection do not wait in the
+/// same turn of the event loop again: a change may have thousands. Not where the owner chose a busy time.
+void stopWaiting(const QSqlQuery &query);
+
 /// Whether a transaction is open. Begins and ends an empty one otherwise.
 bool isInTransaction(const QSqlDriver &driver);
 

@@ -53,6 +53,7 @@ void DBUtils::checkForErrors(const QSqlQuery &query)
 {
     const std::optional<QString> failure = failureOf(query);
     databaseconnection::limitBusyTime(query);
+    databaseconnection::stopWaiting(query);
     databaseconnection::noteCommit(query, failure.has_value());
     // A query that was prepared and not run yet is not active.
     if (statementHandler() && (failure || query.isActive()))

@@ -18,7 +18,7 @@ public:
     /// Logs why the last statement of @p query failed and notifies the failure handler; only the statement
     /// handler learns of one that did not fail. A query of a connection that is not open has failed, and so
     /// has an UPDATE that changed no row. The first query of a connection limits for how long that waits for
-    /// the lock of another program.
+    /// the lock of another program: a second, once in a turn of the event loop.
     static void checkForErrors(const QSqlQuery &query);
 
     /// Receives each statement that was run, or could not be, and whether it failed; before the failure
