@@ -7,6 +7,7 @@
 #include "obstacles.h"
 #include "sqlitefile.h"
 #include "statementfaults.h"
+#include "statementlog.h"
 #include "tests/support/sanitized.h"
 
 #include "bookmarks/bookmarkitem.h"
@@ -259,6 +260,9 @@ private Q_SLOTS:
     void anUpdateOfALostRowIsHandedOver();
     void aLockIsWaitedForOncePerTransaction_data();
     void aLockIsWaitedForOncePerTransaction();
+    void aLockIsWaitedForOncePerChange_data();
+    void aLockIsWaitedForOncePerChange();
+    void theNextTurnOfTheEventLoopWaitsAgain();
     void aLateTransactionIsCommittedAtTheEnd();
     void aTransactionThatStaysLockedIsReportedAtTheEnd();
     void aTransactionThatWasTakenBackIsNotReportedAgainAtTheEnd();
@@ -386,26 +390,76 @@ void TestFailingStatements::anUpdateOfALostRowIsHandedOver()
 void TestFailingStatements::aLockIsWaitedForOncePerTransaction_data()
 {
     QTest::addColumn<QByteArray>("lock");
-    QTest::newRow("of a program that writes") << QByteArray("BEGIN IMMEDIATE");
-    QTest::newRow("of a program that reads") << QByteArray("BEGIN DEFERRED");
+    QTest::addColumn<int>("ordersRun");
+    QTest::newRow("of a program that writes") << QByteArray("BEGIN IMMEDIATE") << 0;
+    QTest::newRow("of a program that reads") << QByteArray("BEGIN DEFERRED") << 4;
 }
 
 void TestFailingStatements::aLockIsWaitedForOncePerTransaction()
 {
     QFETCH(QByteArray, lock);
+    QFETCH(int, ordersRun);
     BookmarkStore store;
     begin(store);
-    BusyCount waits(BookmarkStore::handle());
+    const BusyCount waits(BookmarkStore::handle());
     const ReportedFailures reported;
     SqliteFile other(store.path());
     QVERIFY(other.run(lock.constData()) && other.run("SELECT * FROM bookmarks"));
+    StatementLog log;
     add(store);
     QCOMPARE(waits.count(), 1);
     QCOMPARE(reported.count(), 1);
+    QCOMPARE(log.take().filter(QStringLiteral("bookmark_order=")).size(), ordersRun);
     QVERIFY(other.run("ROLLBACK"));
     store.model().setData(store.at({0, 0}), QStringLiteral("renamed"));
     QCOMPARE(store.orders(QStringLiteral("1")).join(QLatin1Char(' ')),
              QStringLiteral("renamed 0 a 1 b 2 inner 3"));
+}
+
+void TestFailingStatements::aLockIsWaitedForOncePerChange_data()
+{
+    QTest::addColumn<BookmarkOperation>("operation");
+    QTest::addColumn<QByteArray>("lock");
+    for (const auto &[name, operation] : bookmarkOperations()) {
+        QTest::addRow("%s, beside a program that writes", name) << operation << QByteArray("BEGIN IMMEDIATE");
+        QTest::addRow("%s, beside one that reads", name) << operation << QByteArray("BEGIN DEFERRED");
+        QTest::addRow("%s, beside one that lets no other read", name)
+            << operation << QByteArray("BEGIN EXCLUSIVE");
+    }
+}
+
+// Each of several transactions, and each row of a folder that is removed, would wait otherwise.
+void TestFailingStatements::aLockIsWaitedForOncePerChange()
+{
+    QFETCH(BookmarkOperation, operation);
+    QFETCH(QByteArray, lock);
+    BookmarkStore store;
+    begin(store);
+    store.leave();
+    const BusyCount waits(BookmarkStore::handle());
+    SqliteFile other(store.path());
+    QVERIFY(other.run(lock.constData()) && other.run("SELECT * FROM bookmarks"));
+    operation(store);
+    QVERIFY(waits.count() <= 1);
+}
+
+void TestFailingStatements::theNextTurnOfTheEventLoopWaitsAgain()
+{
+    BookmarkStore store;
+    begin(store);
+    const auto busyTime = [] {
+        QSqlQuery query(QSqlDatabase::database(constants::bookmarkManagerName));
+        return query.exec(QStringLiteral("PRAGMA busy_timeout")) && query.next() ? query.value(0).toInt()
+                                                                                 : -1;
+    };
+    sqlite3_busy_timeout(BookmarkStore::handle(), 7);
+    SqliteFile other(store.path());
+    QVERIFY(other.run("BEGIN IMMEDIATE"));
+    add(store);
+    add(store);
+    QCOMPARE(busyTime(), 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(busyTime(), 7);
 }
 
 void TestFailingStatements::aLateTransactionIsCommittedAtTheEnd()
