@@ -39,8 +39,10 @@ private Q_SLOTS:
     void whatAnEndedRequestAddsEndsToo();
     void whatARunningRequestAddsAfterTheLogoutEndsToo();
     void aSlotThatAlwaysAddsARequestHoldsUpNoLogin();
-    void aReplyThatAnotherLoginOvertookIsNotGood();
-    void aRunningRequestIsInterruptedByAnotherLogin();
+    void aReplyThatAnotherAccountOvertookIsNotGood();
+    void aRunningRequestIsInterruptedByAnotherAccount();
+    void untilALoginIsAppliedNoRequestIsTaken();
+    void aLoginThatIsNotAppliedHoldsUpNoRequest();
     void aCancelledLoginLeavesOtherRequestsWaiting();
     void theEndOfTheProgramDeliversWhatEndedRequestsAdd();
 
@@ -285,7 +287,7 @@ void HServerLogoutTest::namesThatDifferInCaseAreTwoAccounts()
     server.setAccount(QStringLiteral("demo"));
     QCOMPARE(waiting->deliveries(), 0);
     server.setAccount(QStringLiteral("Demo"));
-    QCOMPARE(waiting->deliveries(), 1);
+    QTRY_COMPARE(waiting->deliveries(), 1); // the worker may have had it in hand
     QCOMPARE(waiting->failure().kind(), Kind::LoggedOut);
 }
 
@@ -373,46 +375,55 @@ void HServerLogoutTest::aSlotThatAlwaysAddsARequestHoldsUpNoLogin()
     QCOMPARE(m_journal->lines(QStringLiteral("build")), QStringList(QStringLiteral("own build")));
 }
 
-// Between the two logins no event loop runs, so the reply to the first account's request is still on its way.
-void HServerLogoutTest::aReplyThatAnotherLoginOvertookIsNotGood()
+void HServerLogoutTest::aReplyThatAnotherAccountOvertookIsNotGood()
 {
     QVERIFY(m_account->logIn());
     const RequestPointer request = make(QStringLiteral("one"));
-    const QSharedPointer<TestLogin> login(new TestLogin(&m_account->connector()));
-    connect(login.data(), &HRequest::requestFinished, this, [&] {
-        awaitReply(3);
-        m_account->plugin().applyLogin(login.data());
-        QCOMPARE(request->deliveries(), 1);
-    });
-    m_account->connector().setAccount(QStringLiteral("reseller"), QStringLiteral("pinegate"));
-    m_account->server().prependRequestToQueue(login);
     m_account->server().addRequestToQueue(request);
-    QTRY_COMPARE(request->deliveries(), 1);
+    awaitReply(2);
+    m_account->server().setAccount(QStringLiteral("reseller"));
+    QCOMPARE(request->deliveries(), 1);
     QCOMPARE(m_journal->count(QStringLiteral("one parse")), 1);
     QCOMPARE(request->failure().kind(), Kind::LoggedOut);
-    QVERIFY(m_account->connector().isLoginAvailable());
 }
 
-void HServerLogoutTest::aRunningRequestIsInterruptedByAnotherLogin()
+void HServerLogoutTest::aRunningRequestIsInterruptedByAnotherAccount()
 {
     QVERIFY(m_account->logIn());
-    m_account->setFault(Fault::Stall, 0, {}, "status");
+    m_account->setFault(Fault::Stall);
+    const RequestPointer request = make(QStringLiteral("one"));
+    m_account->server().addRequestToQueue(request);
+    QVERIFY(m_journal->waitFor(QStringLiteral("one build")));
+    m_account->server().setAccount(QStringLiteral("reseller"));
+    QTRY_COMPARE(request->deliveries(), 1);
+    QCOMPARE(request->failure().kind(), Kind::LoggedOut);
+}
+
+void HServerLogoutTest::untilALoginIsAppliedNoRequestIsTaken()
+{
+    QVERIFY(m_account->logIn());
     const RequestPointer request = make(QStringLiteral("one"));
     const QSharedPointer<TestLogin> login(new TestLogin(&m_account->connector()));
     connect(login.data(), &HRequest::requestFinished, this, [&] {
-        QVERIFY(m_journal->waitFor(QStringLiteral("one build")));
+        QVERIFY(!m_journal->waitFor(QStringLiteral("one prepare"), 200));
         m_account->plugin().applyLogin(login.data());
+        QVERIFY(m_journal->waitFor(QStringLiteral("one prepare")));
     });
-    m_account->connector().setAccount(QStringLiteral("reseller"), QStringLiteral("pinegate"));
     m_account->server().prependRequestToQueue(login);
     m_account->server().addRequestToQueue(request);
     QTRY_COMPARE(request->deliveries(), 1);
-    QCOMPARE(request->failure().kind(), Kind::LoggedOut);
-    m_account->setFault(Fault::None);
-    const RequestPointer own = make(QStringLiteral("own"));
-    m_account->server().addRequestToQueue(own);
-    QTRY_COMPARE(own->deliveries(), 1);
-    QVERIFY(own->isSuccessful());
+    QVERIFY(request->isSuccessful());
+}
+
+void HServerLogoutTest::aLoginThatIsNotAppliedHoldsUpNoRequest()
+{
+    QVERIFY(m_account->logIn());
+    const RequestPointer request = make(QStringLiteral("one"));
+    m_account->server().prependRequestToQueue(
+        QSharedPointer<TestLogin>(new TestLogin(&m_account->connector())));
+    m_account->server().addRequestToQueue(request);
+    QTRY_COMPARE(request->deliveries(), 1);
+    QVERIFY(request->isSuccessful());
 }
 
 void HServerLogoutTest::aCancelledLoginLeavesOtherRequestsWaiting()
@@ -448,7 +459,7 @@ void HServerLogoutTest::theEndOfTheProgramDeliversWhatEndedRequestsAdd()
     QTRY_COMPARE(m_journal->count(QStringLiteral("third deliver")), 1);
     for (const RequestPointer &request : qAsConst(m_chain))
         QCOMPARE(request->deliveries(), 1);
-    QCOMPARE(m_chain.last()->failure().kind(), Kind::ShuttingDown);
+    QVERIFY(!m_chain.last()->isSuccessful());
 }
 
 QTEST_MAIN(HServerLogoutTest)

@@ -129,6 +129,7 @@ void HServer::logIn(const QString &session)
     m_situation->session = session;
     setState(Connected);
     updateSituation();
+    m_queue->goOn(std::exchange(m_loginTurn, 0));
 }
 
 void HServer::logOut()
@@ -227,11 +228,17 @@ void HServer::deliver(const ServerJob &job)
                               job.situation.session == m_situation->session;
 
     follow(failure, isLogin, sessionEnded);
-    m_queue->goOn(job.turn);
+    // Until the login is applied, a request in the worker's hand could still be one of the account before.
+    if (isLogin && failure.isNull())
+        m_loginTurn = job.turn;
+    else
+        m_queue->goOn(job.turn);
     const QScopedValueRollback<bool> ending(m_isEnding,
                                             failure.kind() == RequestFailure::Kind::LoggedOut && !isLogin);
     const QString sessionBefore = m_situation->session;
     request.deliver();
+    if (isLogin)
+        m_queue->goOn(job.turn);
     tellMessages(job, sessionBefore);
     if (!failure.isNull())
         Q_EMIT requestFailed(failure, isLogin);

@@ -107,7 +107,8 @@ private:
     std::unique_ptr<ServerSituation> m_situation;
     std::unique_ptr<ServerWorker> m_worker;
     QTimer m_deadlineTimer;
-    quint64 m_watched = 0; ///< the turn whose deadline the timer waits for
+    quint64 m_watched = 0;   ///< the turn whose deadline the timer waits for
+    quint64 m_loginTurn = 0; ///< the turn of a login that is being applied; the worker waits until it is
     State m_state = Disconnected;
     QString m_account;
     bool m_accountKnown = false;
