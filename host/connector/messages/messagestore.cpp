@@ -146,9 +146,10 @@ void MessageStore::write(const QString &account, const QVector<MessageEntry> &en
               [](const MessageEntry &one, const MessageEntry &other) {
                   return one.message.uid() < other.message.uid();
               });
-    writePiece();
-    if (!m_pending.isEmpty())
+    if (entries.size() + forgotten.size() > maxPiece)
         m_timer.start(0);
+    else
+        writePiece();
 }
 
 void MessageStore::finishWriting()
