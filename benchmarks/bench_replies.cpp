@@ -90,12 +90,13 @@ QByteArray segments(int count)
            "</segments></file>";
 }
 
-QByteArray login(const QByteArray &servers, const QByteArray &plan, const QByteArray &note)
+QByteArray login(const QByteArray &servers, const QByteArray &plan, const QByteArray &note,
+                 const QByteArray &address = QByteArray())
 {
     return "<login session='word' auto-search-interval='900'><nntp-servers>" + servers +
            "</nntp-servers><links>" +
            QByteArray("<link key='home' url='https://www.corvia.example/'/>").repeated(100) +
-           "</links><software-update version='9' url='https://www.corvia.example/'>" + note +
+           "</links><software-update version='9' url='https://www.corvia.example/" + address + "'>" + note +
            "</software-update><status supported='true'><plan name='" + plan +
            "'/><nntp max-connections='20'/></status></login>";
 }
@@ -126,6 +127,8 @@ const QVector<Case> &cases()
                               .repeated(100),
                           QByteArray(512, 'W'), QByteArray(maxBytes - 60'000, 'x'));
          }},
+        {"a newer client, address of 4 MiB", Ask::Login,
+         [] { return login({}, "a", "b", QByteArray(maxBytes - 9'000, 'x')); }},
         {"10,000 messages", Ask::Status, [] { return messageList(manyMessages, 0, 1, 0); }},
         {"10,000 messages, to 4 MiB", Ask::Status, [] { return messageList(manyMessages, 0, 1, 220); }},
         {"10,000 messages once more", Ask::Status, [] { return messageList(manyMessages, 0, 1, 0); },

@@ -40,6 +40,8 @@ private Q_SLOTS:
     void withoutAProfileTheSettingsAreTheUsers();
     void unknownLinksAreNull();
     void anUpdateIsCopiedAndToldAtOnce();
+    void anUpdateIsAsLongAsCanBeShown_data();
+    void anUpdateIsAsLongAsCanBeShown();
     void theErrorReportIsToldOnlyOnChange();
     void shutdownEndsRunningForGood();
     void theMainWindowIsForgottenWhenItGoes();
@@ -92,6 +94,34 @@ void TestCore::anUpdateIsCopiedAndToldAtOnce()
     document.setContent(QStringLiteral("<software-update version='2' url='u'>note</software-update>"));
     core.performOnlineUpdate(document.documentElement());
     QCOMPARE(told, QStringLiteral("2unote"));
+}
+
+void TestCore::anUpdateIsAsLongAsCanBeShown_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::addColumn<int>("url");
+    QTest::addColumn<int>("note");
+    QTest::newRow("short") << 2'000 << 2'000 << 2'000;
+    QTest::newRow("the longest address") << 2'048 << 2'048 << 2'000;
+    QTest::newRow("too long") << 2'049 << 0 << 2'000;
+}
+
+void TestCore::anUpdateIsAsLongAsCanBeShown()
+{
+    QFETCH(int, length);
+    const QTemporaryDir profile;
+    Core core(profile.path());
+    SoftwareUpdate told;
+    connect(&core, &Core::softwareUpdateOffered, this,
+            [&told](const SoftwareUpdate &update) { told = update; });
+    const QString text(length, QLatin1Char('a'));
+    QDomDocument document;
+    document.setContent(
+        QStringLiteral("<software-update version='%1' url='%1'>%1</software-update>").arg(text));
+    core.performOnlineUpdate(document.documentElement());
+    QTEST(told.url.size(), "url");
+    QTEST(told.note.size(), "note");
+    QCOMPARE(told.version.size(), 2'000);
 }
 
 void TestCore::theErrorReportIsToldOnlyOnChange()

@@ -20,6 +20,9 @@
 
 namespace {
 
+constexpr int maxUpdateUrlLength = 2'048; // characters
+constexpr int maxUpdateTextLength = 2'000;
+
 std::unique_ptr<QSettings> openSettings(const QString &profile)
 {
     if (profile.isEmpty())
@@ -137,8 +140,10 @@ void Core::setUrls(const QHash<QString, UrlInfo> &urls)
 
 void Core::performOnlineUpdate(const QDomElement &element)
 {
-    Q_EMIT softwareUpdateOffered({element.attribute(QStringLiteral("version")),
-                                  element.attribute(QStringLiteral("url")), element.text()});
+    const QString url = element.attribute(QStringLiteral("url"));
+    Q_EMIT softwareUpdateOffered({element.attribute(QStringLiteral("version")).left(maxUpdateTextLength),
+                                  url.size() <= maxUpdateUrlLength ? url : QString(),
+                                  element.text().left(maxUpdateTextLength)});
 }
 
 bool Core::isErrorReportVisible() const

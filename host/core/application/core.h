@@ -74,7 +74,8 @@ public:
     UrlInfo url(const QString &key) const;
     void setUrls(const QHash<QString, UrlInfo> &urls);
 
-    /// Tells of a newer version: copies what it needs from @p element and returns at once.
+    /// Tells of a newer version: copies what it needs from @p element and returns at once. Of a text the
+    /// first 2,000 characters are taken, an address of more than 2,048 is none.
     void performOnlineUpdate(const QDomElement &element);
 
     /// Whether the help menu offers to save a report.
