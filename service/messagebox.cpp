@@ -8,6 +8,12 @@
 
 namespace corvia {
 
+namespace {
+
+const std::size_t maxMessages = 10000; // in one reply
+
+} // namespace
+
 MessageBox::MessageBox(const std::vector<Message> &messages)
 {
     for (const Message &message : messages) {
@@ -22,6 +28,9 @@ std::vector<Message> MessageBox::messagesAfter(std::int64_t number) const
         if (entry.number > number) {
             found.push_back(entry.message);
         }
+    }
+    if (found.size() > maxMessages) {
+        found.erase(found.begin(), found.end() - maxMessages);
     }
     return found;
 }

@@ -16,7 +16,8 @@ public:
 
     /// The number of the message that came last; 0 when none ever came.
     std::int64_t lastNumber() const { return lastNumber_; }
-    /// The messages with a greater number than this one, in the order in which they came.
+    /// The messages with a greater number than this one, in the order in which they came; the last 10000
+    /// where there are more.
     std::vector<Message> messagesAfter(std::int64_t number) const;
 
     /// Takes the place of a message with the same uid, under a new number.

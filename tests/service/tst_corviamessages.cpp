@@ -74,6 +74,19 @@ private Q_SLOTS:
                              "deletable=\"true\">Plain</message></messages></reply>"));
     }
 
+    void ofTooManyMessagesTheLastAreTold()
+    {
+        for (int i = 0; i < 9'997; ++i) {
+            service().addMessage("ada", newMessage(std::to_string(i), "Text"));
+        }
+        QVERIFY(holds(fixture_->post(ServiceFixture::loginRequest("ada")).body, "uid=\"fixed\""));
+        service().addMessage("ada", newMessage("last", "Text"));
+        const std::string reply = fixture_->post(ServiceFixture::loginRequest("ada")).body;
+        QVERIFY(!holds(reply, "uid=\"fixed\""));
+        QVERIFY(holds(reply, "uid=\"aged\""));
+        QVERIFY(holds(reply, "uid=\"last\""));
+    }
+
     void anAgeBecomesADate()
     {
         using namespace std::chrono;
