@@ -41,6 +41,7 @@ private Q_SLOTS:
     void whatALogoutOvertookIsNotImported();
     void strangeRepliesAreImportedAsTheyAre_data();
     void strangeRepliesAreImportedAsTheyAre();
+    void namesThatAreTooLongAreNotImported();
     void tenThousandFoldersAreImported();
     void aFolderWithoutANameEndsTheRequestAtItsDeadline_data();
     void aFolderWithoutANameEndsTheRequestAtItsDeadline();
@@ -374,8 +375,8 @@ void TestBookmarkImport::strangeRepliesAreImportedAsTheyAre_data()
         {QStringLiteral("<i>")});
     row("right to left", folder(u8"مجموعات", {u8"אחת.שתיים"}), {QString::fromUtf8("مجموعات")},
         {QString::fromUtf8("אחת.שתיים")});
-    const std::string length(100'000, 'x');
-    row("100,000 characters", folder(length, {length.c_str()}), {QString::fromStdString(length)},
+    const std::string length(512, 'x');
+    row("512 characters", folder(length, {length.c_str()}), {QString::fromStdString(length)},
         {QString::fromStdString(length)});
 }
 
@@ -387,6 +388,15 @@ void TestBookmarkImport::strangeRepliesAreImportedAsTheyAre()
     logIn();
     QTRY_COMPARE_WITH_TIMEOUT(names(), top, patience);
     QTEST(names(m_model->index(0, 0)), "first");
+}
+
+void TestBookmarkImport::namesThatAreTooLongAreNotImported()
+{
+    const std::string length(513, 'x');
+    answerWith(folder("A", {"a"}) + folder("B", {length.c_str()}));
+    logIn();
+    QTRY_COMPARE_WITH_TIMEOUT(m_failures, 1, patience);
+    QCOMPARE(m_model->rowCount(), 0);
 }
 
 void TestBookmarkImport::tenThousandFoldersAreImported()
