@@ -8,6 +8,7 @@
 BookmarkTreeView::BookmarkTreeView(QWidget *parent)
     : ExtendedTreeView(parent)
 {
+    setAskingInTurns(true); // each folder costs a scan of the file
 }
 
 void BookmarkTreeView::mousePressEvent(QMouseEvent *event)

@@ -4,10 +4,44 @@
 
 #include <QHelpEvent>
 #include <QLabel>
+#include <QSet>
 #include <QStandardItemModel>
 #include <QTextDocument>
+#include <QThread>
 #include <QToolTip>
 #include <QtTest>
+
+namespace {
+
+/// A model that takes its time to say whether a row has children: one that reads a large file.
+class SlowModel : public QStandardItemModel {
+public:
+    explicit SlowModel(int rows)
+    {
+        for (int row = 0; row < rows; ++row)
+            appendRow(new QStandardItem(QString::number(row)));
+    }
+    bool hasChildren(const QModelIndex &parent) const override
+    {
+        const bool isFirst = parent.isValid() && !m_asked.contains(parent.row());
+        if (isFirst) {
+            m_asked.insert(parent.row());
+            QThread::msleep(5);
+        }
+        return QStandardItemModel::hasChildren(parent);
+    }
+    int askedCount() const { return m_asked.size(); }
+
+private:
+    mutable QSet<int> m_asked;
+};
+
+class InTurns : public ExtendedTreeView {
+public:
+    explicit InTurns(bool inTurns) { setAskingInTurns(inTurns); }
+};
+
+} // namespace
 
 class TestExtendedTreeView : public QObject {
     Q_OBJECT
@@ -20,6 +54,8 @@ private Q_SLOTS:
     void withoutAToolTipNoneIsShown_data();
     void withoutAToolTipNoneIsShown();
     void keysDoWhatTheyDoInATree();
+    void slowFoldersAreAskedInSeveralTurns_data();
+    void slowFoldersAreAskedInSeveralTurns();
 
 private:
     QString toolTipAt(const QPoint &position);
@@ -108,6 +144,32 @@ void TestExtendedTreeView::keysDoWhatTheyDoInATree()
     m_view->setCurrentIndex(m_model->index(0, 0));
     QTest::keyClick(m_view.get(), Qt::Key_Down);
     QCOMPARE(m_view->currentIndex().row(), 1);
+}
+
+void TestExtendedTreeView::slowFoldersAreAskedInSeveralTurns_data()
+{
+    QTest::addColumn<bool>("inTurns");
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<bool>("isOneTurn");
+    QTest::newRow("in turns") << true << 100 << false;
+    QTest::newRow("a few rows") << true << 8 << true;
+    QTest::newRow("at once") << false << 100 << true;
+}
+
+void TestExtendedTreeView::slowFoldersAreAskedInSeveralTurns()
+{
+    QFETCH(bool, inTurns);
+    QFETCH(int, rows);
+    QFETCH(bool, isOneTurn);
+    SlowModel model(rows);
+    InTurns view(inTurns);
+    view.setModel(&model);
+    view.show();
+    view.doItemsLayout();
+    QCOMPARE(model.askedCount() == rows, isOneTurn);
+    QVERIFY(model.askedCount() >= 8);
+    QTRY_COMPARE(model.askedCount(), rows);
+    QTRY_VERIFY(view.visualRect(model.index(0, 0)).isValid());
 }
 
 QTEST_MAIN(TestExtendedTreeView)

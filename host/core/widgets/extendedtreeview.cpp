@@ -4,6 +4,7 @@
 
 #include <halvora/plaintooltip.h>
 
+#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QToolTip>
 
@@ -13,6 +14,37 @@ ExtendedTreeView::ExtendedTreeView(QWidget *parent)
 }
 
 ExtendedTreeView::~ExtendedTreeView() = default;
+
+void ExtendedTreeView::reset()
+{
+    m_askedRows = 0;
+    QTreeView::reset();
+}
+
+void ExtendedTreeView::doItemsLayout()
+{
+    if (!m_isAskingInTurns || askForChildren())
+        QTreeView::doItemsLayout();
+    else
+        scheduleDelayedItemsLayout();
+}
+
+/// False when there are rows left for the next turn.
+bool ExtendedTreeView::askForChildren()
+{
+    constexpr int minRows = 8;  // in a turn, so that a short list is never put off
+    constexpr qint64 turn = 20; // milliseconds
+    if (!model())
+        return true;
+    QElapsedTimer clock;
+    clock.start();
+    for (int asked = 0; m_askedRows < model()->rowCount(rootIndex()); ++asked) {
+        if (asked >= minRows && clock.hasExpired(turn))
+            return false;
+        model()->hasChildren(model()->index(m_askedRows++, 0, rootIndex()));
+    }
+    return true;
+}
 
 bool ExtendedTreeView::viewportEvent(QEvent *event)
 {
