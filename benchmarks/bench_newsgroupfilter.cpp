@@ -42,7 +42,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     NewsWindow news;
     const NewsgroupTable table = largeTable(groups);
-    newsgroupcache::write(news.cacheFile(), {table, QDateTime::currentDateTimeUtc(), QString()});
+    newsgroupcache::write(news.cacheFile(), {table, QDateTime::currentDateTimeUtc(), QString(), QString()});
     const double read = milliseconds([&] { newsgroupcache::read(news.cacheFile()); });
     news.restart();
     const Heartbeat heartbeat;

@@ -8,6 +8,8 @@
 
 #include <halvora/connector.h>
 
+#include <halvora/hmessagemanager.h>
+
 #include <QAbstractItemModelTester>
 #include <QAccessible>
 #include <QAction>
@@ -39,6 +41,8 @@ private Q_SLOTS:
     void aServerWithoutDescriptionsHasNewsgroupsAllTheSame();
     void aListThatBreaksOffIsNotTaken();
     void loggingOutLeavesTheList();
+    void anotherUserDoesNotSeeTheList();
+    void aClearedListIsInNoFileAndComesWithTheNextLogin();
     void theReturnKeyOpensANewsgroup();
     void aDoubleClickOpensANewsgroup();
     void theMenuOffersWhatCanBeDone();
@@ -51,7 +55,8 @@ private Q_SLOTS:
 
 private:
     static void keep(NewsWindow &news, const QByteArrayList &groups, const QDateTime &fetched,
-                     const QString &server = QStringLiteral("127.0.0.1"));
+                     const QString &server = QStringLiteral("127.0.0.1"),
+                     const QString &user = QStringLiteral("demo"));
 };
 
 namespace {
@@ -95,9 +100,9 @@ QStringList two()
 } // namespace
 
 void TestHNewsgroupsPanel::keep(NewsWindow &news, const QByteArrayList &groups, const QDateTime &fetched,
-                                const QString &server)
+                                const QString &server, const QString &user)
 {
-    QVERIFY(newsgroupcache::write(news.cacheFile(), {tableOf(groups), fetched, server}));
+    QVERIFY(newsgroupcache::write(news.cacheFile(), {tableOf(groups), fetched, server, user}));
     news.restart();
 }
 
@@ -170,24 +175,28 @@ void TestHNewsgroupsPanel::aFreshListIsNotAskedForAgain_data()
 {
     QTest::addColumn<int>("hours");
     QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("user");
     QTest::addColumn<bool>("isAsked");
     const QString here = QStringLiteral("127.0.0.1");
-    QTest::newRow("fresh") << -23 << here << false;
-    QTest::newRow("a day old") << -25 << here << true;
-    QTest::newRow("from a clock that was wrong") << 5 << here << true;
-    QTest::newRow("from another news server") << -1 << QStringLiteral("news.example") << true;
+    const QString demo = QStringLiteral("demo");
+    QTest::newRow("fresh") << -23 << here << demo << false;
+    QTest::newRow("a day old") << -25 << here << demo << true;
+    QTest::newRow("from a clock that was wrong") << 5 << here << demo << true;
+    QTest::newRow("from another news server") << -1 << QStringLiteral("news.example") << demo << true;
+    QTest::newRow("of another user") << -1 << here << QStringLiteral("reseller") << true;
 }
 
 void TestHNewsgroupsPanel::aFreshListIsNotAskedForAgain()
 {
     QFETCH(int, hours);
     QFETCH(QString, from);
+    QFETCH(QString, user);
     QFETCH(bool, isAsked);
     const auto script = Scripts::answering(
         {wantsPassword, letsIn, "215 Here\r\na.a 1 1 y\r\nb.b 1 1 y\r\n.\r\n", "503 No descriptions\r\n"});
     HostileNntpServer server(script);
     NewsWindow news(newsScenario(plainServer(server.port()), {}));
-    keep(news, {"kept.group"}, QDateTime::currentDateTimeUtc().addSecs(qint64(hours) * 3600), from);
+    keep(news, {"kept.group"}, QDateTime::currentDateTimeUtc().addSecs(qint64(hours) * 3600), from, user);
     QTRY_COMPARE(news.names(), QStringList{QStringLiteral("kept.group")});
     QVERIFY(news.logIn());
     if (isAsked) {
@@ -300,6 +309,34 @@ void TestHNewsgroupsPanel::loggingOutLeavesTheList()
     QCOMPARE(news.names().size(), count);
     QCOMPARE(news.problem(), QString());
     QVERIFY(!news.find<QAction>("refreshNewsgroups")->isEnabled());
+}
+
+void TestHNewsgroupsPanel::anotherUserDoesNotSeeTheList()
+{
+    NewsWindow news;
+    news.account().connector().messages()->setAccount(QStringLiteral("reseller"));
+    keep(news, {"kept.group"}, QDateTime::currentDateTimeUtc());
+    QTRY_COMPARE(news.summary(), QStringLiteral("Log in to load the newsgroups."));
+    QCOMPARE(news.names(), QStringList());
+    QVERIFY(news.logIn());
+    QTRY_VERIFY(news.names().contains(QStringLiteral("misc.test")));
+}
+
+void TestHNewsgroupsPanel::aClearedListIsInNoFileAndComesWithTheNextLogin()
+{
+    NewsWindow news;
+    keep(news, {"kept.group"}, QDateTime::currentDateTimeUtc());
+    news.account().plugin().forgetNewsgroups(); // while it is read
+    QVERIFY(!QFile::exists(news.cacheFile()));
+    QCOMPARE(news.names(), QStringList());
+    QVERIFY(news.logIn());
+    QTRY_VERIFY(news.names().contains(QStringLiteral("misc.test")));
+    QVERIFY(QFile::exists(news.cacheFile()));
+    news.account().plugin().forgetNewsgroups();
+    QVERIFY(!QFile::exists(news.cacheFile()));
+    QCOMPARE(news.names(), QStringList());
+    news.find<QAction>("refreshNewsgroups")->trigger();
+    QTRY_VERIFY(news.names().contains(QStringLiteral("misc.test")));
 }
 
 void TestHNewsgroupsPanel::theReturnKeyOpensANewsgroup()

@@ -73,7 +73,7 @@ void TestNewsgroupBookmarks::init()
     const QString file = QDir(m_core->storage()->dataDirectory())
                              .filePath(m_plugin->configName() + QStringLiteral("-newsgroups.cache"));
     QVERIFY(newsgroupcache::write(
-        file, {tableOf({"a.a", "b.b", "c.c"}), QDateTime::currentDateTimeUtc(), QString()}));
+        file, {tableOf({"a.a", "b.b", "c.c"}), QDateTime::currentDateTimeUtc(), QString(), QString()}));
     Benchmark benchmark;
     m_plugin->init(benchmark);
     m_window = std::make_unique<MainWindow>(m_core.get());

@@ -44,6 +44,7 @@ void TestNewsgroupCache::init()
     m_contents.table = tableOf({"a.a 1 1 y", "b.\xC3\xBC 1 1 y"}, {"a.a\tFirst"});
     m_contents.fetched = QDateTime::fromMSecsSinceEpoch(1'700'000'000'123, Qt::UTC);
     m_contents.server = QStringLiteral("news.example");
+    m_contents.user = QStringLiteral("A. \u00DCser");
 }
 
 QByteArray TestNewsgroupCache::bytes() const
@@ -65,6 +66,7 @@ void TestNewsgroupCache::whatWasWrittenIsReadAgain()
     const newsgroupcache::Contents contents = newsgroupcache::read(path());
     QCOMPARE(contents.fetched, m_contents.fetched);
     QCOMPARE(contents.server, m_contents.server);
+    QCOMPARE(contents.user, m_contents.user);
     QCOMPARE(contents.table.text(), m_contents.table.text());
     QCOMPARE(contents.table.description(0), QStringLiteral("First"));
 }

@@ -46,8 +46,8 @@ QStringList two()
 void TestNewsgroupListHostile::keepOldList(NewsWindow &news)
 {
     const QDateTime fetched = QDateTime::currentDateTimeUtc().addDays(-2);
-    QVERIFY(newsgroupcache::write(news.cacheFile(),
-                                  {tableOf({"kept.group"}), fetched, QStringLiteral("127.0.0.1")}));
+    QVERIFY(newsgroupcache::write(news.cacheFile(), {tableOf({"kept.group"}), fetched,
+                                                     QStringLiteral("127.0.0.1"), QStringLiteral("demo")}));
     news.restart();
     QTRY_COMPARE(news.names(), QStringList{QStringLiteral("kept.group")});
 }

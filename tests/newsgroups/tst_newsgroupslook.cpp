@@ -143,8 +143,9 @@ void TestNewsgroupsLook::aStrangeNameDoesNotMakeTheWindowWider()
     NewsWindow news;
     const int width = news.window().minimumSizeHint().width();
     const QByteArray name(497, 'w');
-    QVERIFY(newsgroupcache::write(news.cacheFile(), {tableOf({name}, {name + "\t" + name}),
-                                                     QDateTime::currentDateTimeUtc(), QString()}));
+    QVERIFY(newsgroupcache::write(news.cacheFile(),
+                                  {tableOf({name}, {name + "\t" + name}), QDateTime::currentDateTimeUtc(),
+                                   QString(), QStringLiteral("demo")}));
     news.restart();
     QTRY_COMPARE(news.names().size(), 1);
     news.account().plugin().showNewsgroupPanel(Newsgroup(QString::fromLatin1(name)), HIndex::ListView,

@@ -175,6 +175,11 @@ void HNewsgroupsPanel::applyFilter()
     updateLine();
 }
 
+void HNewsgroupsPanel::forgetList()
+{
+    m_list->forget();
+}
+
 void HNewsgroupsPanel::takeContents()
 {
     followBookmarks();

@@ -22,6 +22,9 @@ public:
     HNewsgroupsPanel(ConnectorPlugin *plugin, QWidget *parent);
     ~HNewsgroupsPanel() override;
 
+    /// Empties the panel and deletes the list that is kept for the next start.
+    void forgetList();
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:

@@ -14,7 +14,7 @@
 namespace {
 
 constexpr quint32 mark = 0x484E474C; // "HNGL"
-constexpr quint32 version = 1;
+constexpr quint32 version = 2;
 constexpr qint64 mostBytes = qint64(512) * 1024 * 1024;
 constexpr qint64 latestTime = 253402300799999; // the end of the year 9999, in milliseconds
 
@@ -55,7 +55,8 @@ newsgroupcache::Contents newsgroupcache::read(const QString &file)
     stream.setVersion(QDataStream::Qt_5_12);
     quint32 foundMark = 0;
     quint32 foundVersion = 0;
-    QByteArray origin; // the time, a blank and the server
+    QByteArray
+        origin; // time, server and user, with a blank between them; only the user may have more of them
     QByteArray sum;
     stream >> foundMark >> foundVersion;
     if (foundMark != mark || foundVersion != version)
@@ -63,12 +64,14 @@ newsgroupcache::Contents newsgroupcache::read(const QString &file)
     stream >> origin >> sum;
     const QByteArray text = source.readAll();
     const int blank = origin.indexOf(' ');
+    const int second = origin.indexOf(' ', blank + 1);
     const qint64 fetched = origin.left(blank).toLongLong();
-    if (stream.status() != QDataStream::Ok || sum != checksum(origin, text) || fetched < 1 ||
+    if (stream.status() != QDataStream::Ok || second < 0 || sum != checksum(origin, text) || fetched < 1 ||
         fetched > latestTime)
         return {};
-    const QString server = blank < 0 ? QString() : QString::fromUtf8(origin.mid(blank + 1));
-    return {tableOf(text), QDateTime::fromMSecsSinceEpoch(fetched, Qt::UTC), server};
+    const QString server = QString::fromUtf8(origin.mid(blank + 1, second - blank - 1));
+    const QString user = QString::fromUtf8(origin.mid(second + 1));
+    return {tableOf(text), QDateTime::fromMSecsSinceEpoch(fetched, Qt::UTC), server, user};
 }
 
 bool newsgroupcache::write(const QString &file, const Contents &contents)
@@ -80,7 +83,7 @@ bool newsgroupcache::write(const QString &file, const Contents &contents)
     if (!target.open(QIODevice::WriteOnly))
         return false;
     const QByteArray time = QByteArray::number(contents.fetched.toMSecsSinceEpoch());
-    const QByteArray origin = time + ' ' + contents.server.toUtf8();
+    const QByteArray origin = time + ' ' + contents.server.toUtf8() + ' ' + contents.user.toUtf8();
     const QByteArray text = contents.table.text();
     QDataStream stream(&target);
     stream.setVersion(QDataStream::Qt_5_12);

@@ -16,6 +16,7 @@ struct Contents {
     NewsgroupTable table;
     QDateTime fetched; ///< when the server gave the list, UTC; not valid when there is no list
     QString server;    ///< the name of the account's first news server
+    QString user;      ///< the account's user name
 };
 
 /// What @p file holds; no list when it is not there, was damaged or was written by another version.

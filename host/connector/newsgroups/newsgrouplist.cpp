@@ -9,11 +9,15 @@
 #include <halvora/connector.h>
 #include <halvora/connectorplugin.h>
 #include <halvora/core.h>
+#include <halvora/hmessagemanager.h>
 #include <halvora/hnntpdistributor.h>
 #include <halvora/hserver.h>
 #include <halvora/storagemanager.h>
 
 #include <QDir>
+#include <QFileInfo>
+
+#include <utility>
 
 namespace {
 
@@ -34,7 +38,9 @@ NewsgroupList::NewsgroupList(ConnectorPlugin *plugin, QObject *parent)
     , m_distributor(m_connector->distributor())
     , m_cacheFile(cacheFile(*plugin))
 {
+    connect(m_connector, &Connector::accountLeft, this, &NewsgroupList::showOwn);
     connect(m_connector->server(), &HServer::stateChanged, this, [this] {
+        showOwn();
         refreshIfStale();
         Q_EMIT stateChanged();
     });
@@ -54,11 +60,53 @@ bool NewsgroupList::isLoginMissing() const
     return !m_connector->isLoginAvailable();
 }
 
-// Another account may have other newsgroups.
 QString NewsgroupList::server() const
 {
     const QList<NntpHost> hosts = m_connector->nntpHosts();
     return hosts.isEmpty() ? QString() : hosts.constFirst().host();
+}
+
+// The account whose data the window shows.
+QString NewsgroupList::account() const
+{
+    return m_connector->messages()->account();
+}
+
+// While no account is shown, or its news servers are not known, any list may be its own.
+bool NewsgroupList::isOfAccount() const
+{
+    const QString user = account();
+    const QString first = server();
+    return (user.isEmpty() || user == m_contents.user) && (first.isEmpty() || first == m_contents.server);
+}
+
+void NewsgroupList::setContents(const newsgroupcache::Contents &contents)
+{
+    m_contents = contents;
+    m_isShown = isOfAccount();
+    Q_EMIT contentsChanged();
+}
+
+void NewsgroupList::showOwn()
+{
+    if (m_isShown == isOfAccount())
+        return;
+    m_isShown = !m_isShown;
+    Q_EMIT contentsChanged();
+}
+
+void NewsgroupList::forget()
+{
+    if (m_task && m_distributor)
+        m_distributor->cancel(m_task);
+    m_task.reset();
+    if (m_reader)
+        m_reader->disconnect(this);
+    NewsgroupCacheReader::release(std::exchange(m_reader, nullptr));
+    if (QFileInfo(m_cacheFile).isFile())
+        QFile::remove(m_cacheFile);
+    setContents({});
+    setState(Idle);
 }
 
 int NewsgroupList::progress() const
@@ -79,13 +127,11 @@ void NewsgroupList::load()
 
 void NewsgroupList::finishReading()
 {
-    newsgroupcache::Contents contents = m_reader->take();
+    const newsgroupcache::Contents contents = m_reader->take();
     NewsgroupCacheReader::release(m_reader);
     m_reader = nullptr;
-    if (contents.fetched.isValid()) {
-        m_contents = contents;
-        Q_EMIT contentsChanged();
-    }
+    if (contents.fetched.isValid())
+        setContents(contents);
     setState(Idle);
     refreshIfStale();
 }
@@ -98,7 +144,8 @@ void NewsgroupList::refreshIfStale()
     // A clock that was wrong when the list came must not keep it for years.
     const QDateTime now = QDateTime::currentDateTimeUtc();
     const bool isFresh = m_contents.fetched.isValid() && m_contents.fetched <= now &&
-                         m_contents.fetched.secsTo(now) < freshSeconds && m_contents.server == server();
+                         m_contents.fetched.secsTo(now) < freshSeconds && m_contents.server == server() &&
+                         m_contents.user == account();
     if (!isFresh)
         refresh();
 }
@@ -107,7 +154,7 @@ void NewsgroupList::refresh()
 {
     if (m_state == Reading || m_state == Loading || !m_distributor)
         return;
-    m_task = QSharedPointer<NewsgroupListTask>::create(m_cacheFile, server());
+    m_task = QSharedPointer<NewsgroupListTask>::create(m_cacheFile, server(), account());
     connect(m_task.data(), &NntpTask::progressed, this, [this] { setState(Loading); });
     connect(m_task.data(), &NntpTask::delayed, this,
             [this](int seconds) { setState(Loading, NewsFailureText::delay(seconds)); });
@@ -126,9 +173,9 @@ void NewsgroupList::finishLoading()
         setState(isTold ? Idle : Failed, NewsFailureText::sentence(task->failure(), task->serverWords()));
         return;
     }
-    m_contents = task->take();
-    Q_EMIT contentsChanged();
+    setContents(task->take());
     setState(Idle);
+    refreshIfStale(); // it may have been asked for by an account that has left
 }
 
 void NewsgroupList::setState(State state, const QString &message)

@@ -19,7 +19,8 @@ class NewsgroupCacheReader;
 class NewsgroupListTask;
 
 /// Brings the list of newsgroups: the one that was kept, and a new one from the news server when that is a
-/// day old or somebody asks. GUI thread.
+/// day old or is asked for. A list belongs to a server and a user: that of another account is not shown. GUI
+/// thread.
 class NewsgroupList final : public QObject {
     Q_OBJECT
 public:
@@ -39,8 +40,11 @@ public:
     /// Asks the server for a new list, unless one is on its way.
     void refresh();
 
+    /// Forgets the list, in the file too. A new one comes with the next login or when it is asked for.
+    void forget();
+
     State state() const { return m_state; }
-    const newsgroupcache::Contents &contents() const { return m_contents; }
+    const newsgroupcache::Contents &contents() const { return m_isShown ? m_contents : m_nothing; }
     /// How many newsgroups have come so far.
     int progress() const;
     /// What is to be told a person: why loading failed or pauses; empty for nothing.
@@ -56,6 +60,10 @@ Q_SIGNALS:
 
 private:
     QString server() const;
+    QString account() const;
+    bool isOfAccount() const;
+    void setContents(const newsgroupcache::Contents &contents);
+    void showOwn();
     void finishReading();
     void finishLoading();
     void refreshIfStale();
@@ -67,6 +75,8 @@ private:
     State m_state = Idle;
     QString m_message;
     newsgroupcache::Contents m_contents;
+    const newsgroupcache::Contents m_nothing;
+    bool m_isShown = false;                   ///< m_contents are of this account
     NewsgroupCacheReader *m_reader = nullptr; ///< owned
     QSharedPointer<NewsgroupListTask> m_task;
     bool m_isWanted = false;

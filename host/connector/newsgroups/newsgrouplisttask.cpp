@@ -21,9 +21,10 @@ bool isRefused(const NntpSession &session)
 
 } // namespace
 
-NewsgroupListTask::NewsgroupListTask(const QString &cacheFile, const QString &server)
+NewsgroupListTask::NewsgroupListTask(const QString &cacheFile, const QString &server, const QString &user)
     : m_cacheFile(cacheFile)
     , m_server(server)
+    , m_user(user)
 {
 }
 
@@ -54,7 +55,7 @@ bool NewsgroupListTask::run(NntpSession &session)
         return false;
     if (isCancelled())
         return false;
-    m_contents = {builder.take(), QDateTime::currentDateTimeUtc(), m_server};
+    m_contents = {builder.take(), QDateTime::currentDateTimeUtc(), m_server, m_user};
     newsgroupcache::write(m_cacheFile, m_contents);
     return true;
 }

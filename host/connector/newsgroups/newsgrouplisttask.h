@@ -13,7 +13,7 @@ class NewsgroupListTask final : public NntpTask {
     Q_OBJECT
 public:
     /// @p cacheFile may be impossible to write; the list is good all the same.
-    NewsgroupListTask(const QString &cacheFile, const QString &server);
+    NewsgroupListTask(const QString &cacheFile, const QString &server, const QString &user);
 
     /// How many newsgroups have come so far. Any thread.
     int count() const noexcept { return m_count.load(std::memory_order_relaxed); }
@@ -26,6 +26,7 @@ protected:
 private:
     const QString m_cacheFile;
     const QString m_server;
+    const QString m_user;
     std::atomic<int> m_count{0};
     newsgroupcache::Contents m_contents;
 };

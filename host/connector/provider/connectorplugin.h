@@ -12,12 +12,14 @@
 #include <QList>
 #include <QObject>
 #include <QPixmap>
+#include <QPointer>
 
 class Benchmark;
 class Connector;
 class Core;
 class HJobResultHandler;
 class HLoginRequest;
+class HNewsgroupsPanel;
 class HServerAddressRotator;
 class MainWindow;
 class Newsgroup;
@@ -50,6 +52,10 @@ public:
     /// The same for several newsgroups together, under @p title.
     void showNewsgroupPanel(const QString &title, const QList<Newsgroup> &newsgroups, HIndex::MediaView view,
                             HIndex::MediaFacet facet);
+
+    /// Deletes the kept list of newsgroups and empties the panel that shows it. Nothing happens without the
+    /// panel.
+    void forgetNewsgroups();
 
     virtual void init(Benchmark &benchmark);
     /// Gives @p window what every provider has: the panel in which newsgroups are chosen.
@@ -107,4 +113,5 @@ private:
     Core *const m_core;
     const QString m_configName;
     Connector *const m_connector;
+    QPointer<HNewsgroupsPanel> m_newsgroups; ///< the main window's
 };

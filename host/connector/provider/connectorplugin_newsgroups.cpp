@@ -11,7 +11,14 @@
 
 void ConnectorPlugin::polish(MainWindow *window)
 {
-    window->setNewsgroupsPanel(new HNewsgroupsPanel(this, window));
+    m_newsgroups = new HNewsgroupsPanel(this, window);
+    window->setNewsgroupsPanel(m_newsgroups);
+}
+
+void ConnectorPlugin::forgetNewsgroups()
+{
+    if (m_newsgroups)
+        m_newsgroups->forgetList();
 }
 
 void ConnectorPlugin::showNewsgroupPanel(const Newsgroup &newsgroup, HIndex::MediaView view,
