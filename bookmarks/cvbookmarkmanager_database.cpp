@@ -9,6 +9,7 @@
 #include "requests/cvbookmarksrequest.h"
 
 #include <halvora/connector.h>
+#include <halvora/connectorplugin.h>
 #include <halvora/core.h>
 #include <halvora/dbutils.h>
 #include <halvora/storagemanager.h>
@@ -215,6 +216,7 @@ void CVBookmarkManager::clearBookmarks()
     m_writer->begin(connection);
     execute(connection, QStringLiteral("DELETE FROM bookmarks"));
     m_writer->commit(connection);
+    m_core->storage()->removeCopies(m_connector->plugin()->configName());
     beginResetModel();
     qDeleteAll(m_topLevel);
     m_topLevel.clear();

@@ -26,6 +26,9 @@ void CVBookmarkManager::readOptions()
 QList<QWidget *> CVBookmarkManager::createOptionWidgets()
 {
     auto *option = new QCheckBox(tr("Bookmarks"));
+    option->setAccessibleDescription(
+        tr("All folders and what is in them, their dated copies and files put aside as damaged. "
+           "While you are logged in, the account's own bookmarks are loaded again."));
     option->setChecked(m_privateDataEnabled);
     return {option};
 }

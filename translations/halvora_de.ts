@@ -872,6 +872,41 @@ Erstellt mit Qt %5. Veröffentlicht unter der MIT-Lizenz.</translation>
     </message>
 </context>
 <context>
+    <name>OwnPrivateData</name>
+    <message>
+        <source>Messages</source>
+        <translation>Nachrichten</translation>
+    </message>
+    <message>
+        <source>Traffic history</source>
+        <translation>Datenverkehr der Vergangenheit</translation>
+    </message>
+    <message>
+        <source>What this program counted by day and month. The account service keeps its own counts.</source>
+        <translation>Was dieses Programm nach Tagen und Monaten gezählt hat. Der Kontodienst behält seine eigenen Zahlen.</translation>
+    </message>
+    <message>
+        <source>Kept list of newsgroups</source>
+        <translation>Aufbewahrte Liste der Newsgroups</translation>
+    </message>
+    <message>
+        <source>The list of the news server&apos;s newsgroups. The next login loads it again; your bookmarks stay.</source>
+        <translation>Die Liste der Newsgroups des Newsservers. Die nächste Anmeldung lädt sie wieder; Ihre Lesezeichen bleiben.</translation>
+    </message>
+    <message>
+        <source>Kept password</source>
+        <translation>Aufbewahrtes Passwort</translation>
+    </message>
+    <message>
+        <source>The password in the desktop&apos;s keyring. Your user name stays, and so does the password of another account until it logs out.</source>
+        <translation>Das Passwort im Schlüsselbund des Systems. Ihr Benutzername bleibt, und ebenso das Passwort eines anderen Kontos, bis es sich abmeldet.</translation>
+    </message>
+    <message>
+        <source>The messages of every account, their dated copies and files put aside as damaged. Which messages you deleted stays known, so that they do not come back.</source>
+        <translation>Die Nachrichten aller Konten, ihre datierten Kopien und als beschädigt beiseitegelegte Dateien. Welche Nachrichten Sie gelöscht haben, bleibt bekannt, damit sie nicht wiederkommen.</translation>
+    </message>
+</context>
+<context>
     <name>PageArea</name>
     <message>
         <source>Home</source>

@@ -26,6 +26,10 @@
         <source>Bookmarks</source>
         <translation>Lesezeichen</translation>
     </message>
+    <message>
+        <source>All folders and what is in them, their dated copies and files put aside as damaged. While you are logged in, the account&apos;s own bookmarks are loaded again.</source>
+        <translation>Alle Ordner und was darin ist, ihre datierten Kopien und als beschädigt beiseitegelegte Dateien. Solange Sie angemeldet sind, werden die Lesezeichen des Kontos wieder geladen.</translation>
+    </message>
 </context>
 <context>
     <name>CVBookmarksToolWidget</name>

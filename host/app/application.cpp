@@ -4,6 +4,7 @@
 
 #include "logincontroller.h"
 #include "outsidelink.h"
+#include "ownprivatedata.h"
 #include "pluginfolder.h"
 
 #include <halvora/abstractprovider.h>
@@ -153,6 +154,8 @@ void Application::polishPlugins()
     if (QWidget *home = m_provider->homeWidget())
         m_window->setHomePage(home);
     m_login = std::make_unique<LoginController>(m_provider->connectorPlugin(), m_window.get());
+    m_ownPrivateData =
+        std::make_unique<OwnPrivateData>(m_core.get(), m_provider->connectorPlugin(), m_login.get());
 }
 
 void Application::start()
@@ -217,6 +220,7 @@ void Application::shutDown(int exitCode)
     m_window.reset();
     // None of them may be asked once what the provider's plug-in registered there is gone.
     m_core->privateData()->clear();
+    m_ownPrivateData.reset();
     m_core->settingsRegistry()->clear();
     m_core->plugin()->setBookmarkProvider(nullptr);
     m_core->plugin()->clear();

@@ -24,6 +24,7 @@ class DetailsDock;
 class LoginController;
 class MainWindow;
 class OutsideLink;
+class OwnPrivateData;
 class Picture;
 
 /// The program from its start to its end: makes core and window, loads the plug-ins and drives them through
@@ -90,6 +91,7 @@ private:
     std::unique_ptr<MainWindow> m_window;
     DetailsDock *m_details = nullptr; ///< the window's
     std::unique_ptr<LoginController> m_login;
+    std::unique_ptr<OwnPrivateData> m_ownPrivateData;
     QVector<CorePluginInterface *> m_plugins; ///< owned by their libraries
     AbstractProvider *m_provider = nullptr;   ///< one of the plug-ins
     QStringList m_notices;

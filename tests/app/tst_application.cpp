@@ -8,6 +8,7 @@
 #include <halvora/connector.h>
 #include <halvora/connectorplugin.h>
 #include <halvora/hautosearchservice.h>
+#include <halvora/hmessagemanager.h>
 #include <halvora/hlog.h>
 #include <halvora/isettings.h>
 #include <halvora/linkopener.h>
@@ -18,7 +19,9 @@
 #include <halvora/privatedataregistry.h>
 #include <halvora/settingsregistry.h>
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QCheckBox>
 #include <QDialog>
 #include <QDir>
 #include <QDirIterator>
@@ -67,6 +70,9 @@ private Q_SLOTS:
     void theSettingsNameALimitOnlyWhenItIsKnown();
     void quittingWhileTheServiceStallsIsQuick();
     void callbacksComeOnceAndInTheirOrder();
+    void clearingDeletesWhatTheBoxNamesAndNothingElse_data();
+    void clearingDeletesWhatTheBoxNamesAndNothingElse();
+    void everyBoxForPrivateDataSaysWhatGoes();
     void partsAreForgottenBeforeTheProviderGoes();
     void theLanguageChangesWhileItRuns();
     void theAboutActionStandsInTheHelpMenu();
@@ -104,6 +110,23 @@ void rememberNewsServer(const RunningProgram &program, int port)
     settings.setValue(QStringLiteral("Port"), port);
     settings.setValue(QStringLiteral("Ssl"), false);
     settings.endArray();
+}
+
+/// Whether the profile has a file of that name, which may have wildcards.
+bool isThere(const RunningProgram &program, const QString &pattern)
+{
+    const QFileInfo path(program.profile() + QLatin1Char('/') + pattern);
+    return !path.dir().entryList({path.fileName()}, QDir::Files).isEmpty();
+}
+
+/// Opens the dialog that clears private data, with only the box @p name checked.
+void openClearing(RunningProgram &program, const QString &name)
+{
+    Q_EMIT program.window().settingsRequested();
+    program.find<QPushButton>("clearPrivateData")->click();
+    const QList<QCheckBox *> boxes = program.find<QDialog>("ClearDataDialog")->findChildren<QCheckBox *>();
+    for (QCheckBox *box : boxes)
+        box->setChecked(box->text() == name);
 }
 
 class NoBookmarks final : public BookmarkProvider {
@@ -563,6 +586,85 @@ void TestApplication::callbacksComeOnceAndInTheirOrder()
     program.close();
     expected << QStringLiteral("onShutdown");
     QCOMPARE(calls(), expected);
+}
+
+void TestApplication::clearingDeletesWhatTheBoxNamesAndNothingElse_data()
+{
+    QTest::addColumn<QString>("goes");
+    QTest::newRow("nothing") << QString();
+    QTest::newRow("Bookmarks") << QStringLiteral("backups/pinegate-2*");
+    QTest::newRow("Messages") << QStringLiteral("backups/pinegate-messages-2*");
+    QTest::newRow("Traffic history") << QStringLiteral("traffic-pinegate.log");
+    QTest::newRow("Kept list of newsgroups") << QStringLiteral("pinegate-newsgroups.cache");
+}
+
+void TestApplication::clearingDeletesWhatTheBoxNamesAndNothingElse()
+{
+    QFETCH(QString, goes);
+    RunningProgram program;
+    program.open();
+    program.logIn(demo(), rightPassword());
+    QTRY_VERIFY(program.application().connectorPlugin()->connector()->messages()->rowCount() > 0);
+    auto *bookmarks = program.window()
+                          .findChild<QDockWidget *>(QStringLiteral("CVBookmarksDock"))
+                          ->findChild<QAbstractItemView *>();
+    QTRY_VERIFY(bookmarks->model()->rowCount() > 0);
+    QTRY_VERIFY(isThere(program, QStringLiteral("pinegate-newsgroups.cache")));
+    program.close();
+    program.open(); // makes the copies of the day
+    openClearing(program, QString::fromUtf8(QTest::currentDataTag()));
+    const QStringList all = {
+        QStringLiteral("backups/pinegate-2*"), QStringLiteral("backups/pinegate-messages-2*"),
+        QStringLiteral("traffic-pinegate.log"), QStringLiteral("pinegate-newsgroups.cache")};
+    for (const QString &pattern : all)
+        QVERIFY2(isThere(program, pattern), qPrintable(pattern));
+    program.find<QPushButton>("clear")->click();
+    for (const QString &pattern : all)
+        QVERIFY2(isThere(program, pattern) == (pattern != goes), qPrintable(pattern));
+    const int messages = program.application().connectorPlugin()->connector()->messages()->rowCount();
+    QCOMPARE(messages == 0, goes == all.at(1));
+    QCOMPARE(program.window()
+                     .findChild<QDockWidget *>(QStringLiteral("CVBookmarksDock"))
+                     ->findChild<QAbstractItemView *>()
+                     ->model()
+                     ->rowCount() == 0,
+             goes == all.at(0));
+    program.close();
+}
+
+void TestApplication::everyBoxForPrivateDataSaysWhatGoes()
+{
+    RunningProgram program;
+    program.open();
+    openClearing(program, QString());
+    const auto *dialog = program.find<QDialog>("ClearDataDialog");
+    QStringList shown;
+    const QList<QLabel *> labels = dialog->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        if (label->isVisible())
+            shown.append(label->text());
+    }
+    const QList<QCheckBox *> boxes = dialog->findChildren<QCheckBox *>();
+    QCOMPARE(boxes.size(), 5);
+    for (const QCheckBox *box : boxes) {
+        QVERIFY2(!box->accessibleDescription().isEmpty(), qPrintable(box->text()));
+        QVERIFY2(shown.contains(box->accessibleDescription()), qPrintable(box->text()));
+    }
+    program.find<QDialog>("ClearDataDialog")->close();
+    // What is chosen on the page of the settings is remembered.
+    const auto box = [&program] {
+        return program.find<QWidget>("privateData")->findChild<QCheckBox *>(QStringLiteral("traffic"));
+    };
+    QVERIFY(box()->isChecked());
+    box()->setChecked(false);
+    program.find<QDialog>("SettingsDialog")->accept();
+    program.close();
+    program.open();
+    Q_EMIT program.window().settingsRequested();
+    QVERIFY(!box()->isChecked());
+    box()->setChecked(true);
+    program.find<QDialog>("SettingsDialog")->accept();
+    program.close();
 }
 
 void TestApplication::partsAreForgottenBeforeTheProviderGoes()

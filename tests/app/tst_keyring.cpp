@@ -8,10 +8,12 @@
 #include <halvora/connector.h>
 #include <halvora/connectorplugin.h>
 
+#include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
 #include <QLibrary>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QtTest>
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void aPasswordThatTheServiceRefusesIsAskedFor();
     void aLogoutTakesThePasswordOutOfTheKeyring();
     void aPasswordThatWasAskedForBeforeALogoutIsKeptAtTheNextLogin();
+    void aClearedPasswordIsNotKeptAgain();
     void aProgramThatEndsAtAPromptEndsWell();
     void aCancelledPromptMeansThatNothingIsKnown();
     void aProgramThatEndsWhileTheKeyringIsSilentEndsWell();
@@ -169,6 +172,33 @@ void TestKeyring::aSilentKeyringHindersNoLogin()
     program.logIn(demo(), rightPassword());
     QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
     program.close();
+}
+
+void TestKeyring::aClearedPasswordIsNotKeptAgain()
+{
+    if (!m_hasLibrary)
+        QSKIP("There is no library for keyrings.");
+    RunningProgram program;
+    program.open();
+    program.logIn(demo(), rightPassword());
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    QTRY_COMPARE(m_keyring->lookup(demo()), rightPassword());
+    Q_EMIT program.window().settingsRequested();
+    program.find<QPushButton>("clearPrivateData")->click();
+    auto *dialog = program.find<QDialog>("ClearDataDialog");
+    QVERIFY(dialog->findChild<QCheckBox *>(QStringLiteral("password"))->isChecked());
+    dialog->findChild<QPushButton *>(QStringLiteral("clear"))->click();
+    QTRY_COMPARE(m_keyring->lookup(demo()), QString());
+    QCOMPARE(program.server().connectorState(), HServer::Connected);
+    program.close();
+
+    PasswordStore passwords;
+    passwords.keep(demo(), rightPassword());
+    passwords.discard(demo(), rightPassword());
+    passwords.keep(demo(), rightPassword()); // a login anew
+    passwords.keep(QStringLiteral("ada"), rightPassword());
+    QTRY_COMPARE(m_keyring->lookup(QStringLiteral("ada")), rightPassword());
+    QCOMPARE(m_keyring->lookup(demo()), QString());
 }
 
 void TestKeyring::aProgramThatEndsAtAPromptEndsWell()

@@ -80,6 +80,7 @@ private Q_SLOTS:
     void aServicesCountIsBroughtUpToDate();
     void aServicesCountWithoutATimeIsLeftAlone();
     void aServicesCountDoesNotOverflow();
+    void clearingForgetsTheHistoryInTheFileToo();
     void thereIsOneWindowAndItComesBack();
     void theWindowBelongsToTheMainWindow();
     void theWindowClosesWithThePlugin();
@@ -276,6 +277,23 @@ void StatsPluginTest::aServicesCountDoesNotOverflow()
     QCOMPARE(m_stats->updatedNntpTrafficDown(largest - 50, 1), largest);
     QCOMPARE(m_stats->updatedNntpTrafficDown(largest - 100, 1), largest);
     QCOMPARE(m_stats->updatedNntpTrafficDown(largest - 101, 1), largest - 1);
+}
+
+void StatsPluginTest::clearingForgetsTheHistoryInTheFileToo()
+{
+    receive(100);
+    makePlugin(); // a restart writes the file
+    QCOMPARE(m_stats->bytesToday(), qint64(100));
+    m_core->traffic().addNntpDown(20); // not counted yet
+    const QSignalSpy updates(m_stats.get(), &StatsPlugin::quickStatsUpdated);
+    m_stats->clear();
+    QCOMPARE(updates.count(), 1);
+    QCOMPARE(m_stats->bytesToday(), qint64(0));
+    QCOMPARE(m_stats->journal().totalBytes(), qint64(0));
+    QVERIFY(QDir(m_profile->path()).entryList({QStringLiteral("traffic-*.log")}).isEmpty());
+    receive(3);
+    makePlugin();
+    QCOMPARE(m_stats->bytesToday(), qint64(3));
 }
 
 void StatsPluginTest::thereIsOneWindowAndItComesBack()

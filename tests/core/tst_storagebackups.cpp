@@ -29,6 +29,7 @@ private Q_SLOTS:
     void everyNameIsGoodForACopy_data();
     void everyNameIsGoodForACopy();
     void anEmptyFileGetsNoCopy();
+    void clearedDataIsInNoCopyAnyMore();
 
 private:
     QString path(const QString &name = QStringLiteral("corvia")) const
@@ -267,6 +268,34 @@ void StorageBackupsTest::anEmptyFileGetsNoCopy()
     BookmarkFile::setBytes(path(), QByteArray());
     start();
     QCOMPARE(copies(), QStringList());
+}
+
+void StorageBackupsTest::clearedDataIsInNoCopyAnyMore()
+{
+    change(QStringLiteral("first"));
+    start();
+    m_now = m_now.addDays(1);
+    change(QStringLiteral("second"));
+    start();
+    QCOMPARE(copies().size(), 2);
+    const QStringList goes = {QStringLiteral("backups/corvia.part"),
+                              QStringLiteral("corvia-damaged-20261120-090000.sqlite"),
+                              QStringLiteral("corvia-damaged-20261120-090000-2.sqlite"),
+                              QStringLiteral("corvia-damaged-20261120-090000.sqlite-journal")};
+    const QStringList stays = {QStringLiteral("backups/corvia-messages-2026-11-20.backup.sqlite"),
+                               QStringLiteral("backups/corvia-mine.backup.sqlite"),
+                               QStringLiteral("corvia-messages-damaged-20261120-090000.sqlite"),
+                               QStringLiteral("corvia-damaged-mine.sqlite"), QStringLiteral("corvia.sqlite")};
+    for (const QString &name : goes + stays) {
+        QFile file(m_profile->filePath(name));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+    }
+    StorageManager(m_profile->path()).removeCopies(QStringLiteral("corvia"));
+    for (const QString &name : goes)
+        QVERIFY2(!QFile::exists(m_profile->filePath(name)), qPrintable(name));
+    for (const QString &name : stays)
+        QVERIFY2(QFile::exists(m_profile->filePath(name)), qPrintable(name));
+    QVERIFY(!QFile::exists(copy("2026-11-20")) && !QFile::exists(copy("2026-11-21")));
 }
 
 QTEST_GUILESS_MAIN(StorageBackupsTest)

@@ -75,7 +75,7 @@ void LoginController::setFirstPause(int milliseconds)
 
 void LoginController::start(const QString &user, const QString &password)
 {
-    const QString name = user.isEmpty() ? m_plugin->core()->settings().value(userKey()).toString() : user;
+    const QString name = user.isEmpty() ? keptUser() : user;
     // A person may have been quicker than what handed the password over.
     if (!m_plugin->connector()->password().isEmpty())
         return;
@@ -146,6 +146,19 @@ void LoginController::logOut()
     if (!user.isEmpty())
         m_passwords->forget(user);
     updateMenu();
+}
+
+void LoginController::forgetPassword()
+{
+    const Connector *connector = m_plugin->connector();
+    const QString user = keptUser();
+    if (!user.isEmpty())
+        m_passwords->discard(user, user == connector->username() ? connector->password() : QString());
+}
+
+QString LoginController::keptUser() const
+{
+    return m_plugin->core()->settings().value(userKey()).toString();
 }
 
 void LoginController::follow(HServer::State state)

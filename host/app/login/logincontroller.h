@@ -29,6 +29,8 @@ public:
     void start(const QString &user, const QString &password);
     void showDialog();
     void logOut();
+    /// Deletes the kept password; the login goes on, and its password is not kept again.
+    void forgetPassword();
 
 Q_SIGNALS:
     void loginFailed(const RequestFailure &failure);
@@ -38,6 +40,7 @@ Q_SIGNALS:
 private:
     void logIn(const QString &user, const QString &password);
     void passwordFound(const QString &user, const QString &password);
+    QString keptUser() const;
     void follow(HServer::State state);
     void tell(const RequestFailure &failure, bool isLogin);
     void cancelLogin();

@@ -53,7 +53,13 @@ void PasswordStore::keep(const QString &user, const QString &password)
 
 void PasswordStore::forget(const QString &user)
 {
-    ++m_calls;
+    discard(user, QString());
     m_known = {};
+}
+
+void PasswordStore::discard(const QString &user, const QString &password)
+{
+    ++m_calls;
+    m_known = {user, password};
     makeJob<QKeychain::DeletePasswordJob>(user)->start();
 }

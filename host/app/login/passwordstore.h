@@ -19,12 +19,14 @@ public:
     /// Does nothing when that is what was found or kept before: a keyring may ask before it takes something.
     void keep(const QString &user, const QString &password);
     void forget(const QString &user);
+    /// Deletes what is kept, and does not keep these two again before another call of forget().
+    void discard(const QString &user, const QString &password);
 
 Q_SIGNALS:
     /// @p password is empty when none is known.
     void found(const QString &user, const QString &password);
 
 private:
-    QPair<QString, QString> m_known; ///< user name and password, as the keyring has them
+    QPair<QString, QString> m_known; ///< user name and password, that need not be kept
     quint64 m_calls = 0;             ///< tells whether a reply is superseded
 };

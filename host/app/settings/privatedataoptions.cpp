@@ -5,7 +5,9 @@
 #include <halvora/privatedataregistry.h>
 
 #include <QEvent>
+#include <QLabel>
 #include <QMetaProperty>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -19,6 +21,23 @@ void takeChoice(const QWidget &before, QWidget *after)
     const QMetaProperty choice = before.metaObject()->userProperty();
     if (choice.isValid() && after->metaObject() == before.metaObject())
         choice.write(after, choice.read(&before));
+}
+
+constexpr int sentenceWidth = 56; // letters; a page of the settings is a little wider
+
+// As far in as the words beside a check box. A page of tabs does not grow with text that wraps, so the height
+// for the least width is asked for at once.
+QLabel *makeSentence(const QWidget &widget)
+{
+    auto *sentence = new QLabel(widget.accessibleDescription());
+    sentence->setTextFormat(Qt::PlainText);
+    sentence->setWordWrap(true);
+    const QStyle *style = widget.style();
+    sentence->setIndent(style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &widget) +
+                        style->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, &widget));
+    const int width = sentenceWidth * sentence->fontMetrics().averageCharWidth();
+    sentence->setMinimumSize(width, sentence->heightForWidth(width));
+    return sentence;
 }
 
 } // namespace
@@ -48,8 +67,11 @@ void PrivateDataOptions::make()
         lines->setContentsMargins(0, 0, 0, 0);
         lines->setSpacing(6);
         const QList<QWidget *> widgets = part->createOptionWidgets();
-        for (QWidget *widget : widgets)
+        for (QWidget *widget : widgets) {
             lines->addWidget(widget);
+            if (!widget->accessibleDescription().isEmpty())
+                lines->addWidget(makeSentence(*widget));
+        }
         layout()->addWidget(box);
         box->setHidden(widgets.isEmpty());
         m_groups.append({part, box, widgets});

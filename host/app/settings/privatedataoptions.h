@@ -8,9 +8,10 @@
 class IPrivateData;
 class PrivateDataRegistry;
 
-/// The option widgets of every part that keeps private data. Each part gets back the widgets that it made,
-/// and one that has gone since is left out. A change of the language makes the widgets anew, with the same
-/// choices in them. GUI thread.
+/// The option widgets of every part that keeps private data, and below each widget its accessible
+/// description, which says what goes and what stays. Each part gets back the widgets that it made, and one
+/// that has gone since is left out. A change of the language makes the widgets anew, with the same choices in
+/// them. GUI thread.
 class PrivateDataOptions final : public QWidget {
     Q_OBJECT
 public:

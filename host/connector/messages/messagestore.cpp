@@ -199,7 +199,10 @@ void MessageStore::markDeleted(const QString &account, const QString &uid)
 void MessageStore::clear()
 {
     finishWriting();
-    const QSqlDatabase connection = database();
-    const Transaction transaction(connection);
-    Statement(connection, QStringLiteral("DELETE FROM messages WHERE NOT is_deleted")).run();
+    {
+        const QSqlDatabase connection = database();
+        const Transaction transaction(connection);
+        Statement(connection, QStringLiteral("DELETE FROM messages WHERE NOT is_deleted")).run();
+    }
+    m_storage->removeCopies(m_name);
 }

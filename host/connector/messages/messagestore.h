@@ -51,7 +51,7 @@ public:
     void write(const QString &account, const QVector<MessageEntry> &entries, const QStringList &forgotten);
     /// Keeps of the message only that it was deleted.
     void markDeleted(const QString &account, const QString &uid);
-    /// Forgets the messages of every account, but not which ones were deleted.
+    /// Forgets the messages of every account and the dated copies of them, but not which ones were deleted.
     void clear();
 
 private:

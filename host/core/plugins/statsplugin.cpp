@@ -53,6 +53,13 @@ qint64 StatsPlugin::updatedNntpTrafficDown(qint64 bytes, qint64 since) const
     return bytes > maximum - more ? maximum : bytes + more;
 }
 
+void StatsPlugin::clear()
+{
+    m_seen = m_core->traffic().nntpDown();
+    m_journal.clear();
+    updateFigures();
+}
+
 void StatsPlugin::setClock(const TrafficJournal::Clock &nowMs)
 {
     m_journal.setClock(nowMs);

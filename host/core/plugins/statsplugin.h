@@ -34,6 +34,9 @@ public:
     /// less that it is not known; both return the count as it is.
     qint64 updatedNntpTrafficDown(qint64 bytes, qint64 since) const;
 
+    /// Forgets what was counted so far.
+    void clear();
+
     /// Takes the time from @p nowMs (milliseconds since the epoch, UTC) instead of from the system.
     void setClock(const TrafficJournal::Clock &nowMs);
     const TrafficJournal &journal() const { return m_journal; }

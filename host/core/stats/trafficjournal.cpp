@@ -133,6 +133,15 @@ bool TrafficJournal::flush()
     return true;
 }
 
+void TrafficJournal::clear()
+{
+    m_entries.clear();
+    m_unwritten.clear();
+    m_lineIsOpen = false;
+    if (QFileInfo(m_file).isFile())
+        QFile::remove(m_file);
+}
+
 qint64 TrafficJournal::bytesSince(qint64 time) const
 {
     return time >= MaximumTime ? 0 : sum(std::max(time, qint64(0)) + 1, MaximumTime + 1);

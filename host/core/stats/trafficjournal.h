@@ -43,6 +43,8 @@ public:
     /// Appends what was added since the last call. False when the file took nothing of it; it is then tried
     /// again with the next call.
     bool flush();
+    /// Forgets every entry, in the file too.
+    void clear();
 
     /// The bytes counted after @p time.
     qint64 bytesSince(qint64 time) const;

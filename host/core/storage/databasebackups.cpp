@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <sys/stat.h>
@@ -81,7 +82,7 @@ void DatabaseBackups::keep(DatabaseProbe &probe) const
 bool DatabaseBackups::write(DatabaseProbe &probe, QString *why) const
 {
     ::mkdir(QFile::encodeName(m_folder).constData(), S_IRWXU);
-    const QString part = m_folder + QLatin1Char('/') + m_name + QStringLiteral(".part");
+    const QString part = partFile();
     const QString target =
         m_folder + QLatin1Char('/') + m_name + QLatin1Char('-') + m_today.toString(Qt::ISODate) + ending();
     QFile::remove(part); // of a run that did not come to its end
@@ -91,6 +92,27 @@ bool DatabaseBackups::write(DatabaseProbe &probe, QString *why) const
         return true;
     QFile::remove(part);
     return false;
+}
+
+QString DatabaseBackups::partFile() const
+{
+    return m_folder + QLatin1Char('/') + m_name + QStringLiteral(".part");
+}
+
+// A damaged file lies where the database itself is, when the name given is a link.
+void DatabaseBackups::removeAll() const
+{
+    const QVector<Copy> copies = newestFirst();
+    for (const Copy &copy : copies)
+        QFile::remove(copy.file);
+    QFile::remove(partFile());
+    const QFileInfo info(QFileInfo(m_database).canonicalFilePath());
+    const QRegularExpression damaged(
+        QStringLiteral("^%1-damaged-\\d{8}-\\d{6}(-\\d+)?\\.sqlite(-journal|-wal|-shm)?$")
+            .arg(QRegularExpression::escape(info.completeBaseName())));
+    const QStringList names = info.dir().entryList(QDir::Files).filter(damaged);
+    for (const QString &name : names)
+        QFile::remove(info.dir().filePath(name));
 }
 
 void DatabaseBackups::removeOld() const

@@ -28,8 +28,12 @@ public:
     /// the new one is on the disk. A failure is logged and costs nothing else. @p probe looks into the file.
     void keep(DatabaseProbe &probe) const;
 
+    /// Deletes every copy, and every file that was put aside as damaged.
+    void removeAll() const;
+
 private:
     bool write(DatabaseProbe &probe, QString *why) const;
+    QString partFile() const;
     void removeOld() const;
 
     const QString m_database;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <halvora/storagemanager.h>
 
+#include "databasebackups.h"
 #include "databaseguard.h"
 #include "databaseprobe.h"
 #include "writealarm.h"
@@ -82,6 +83,11 @@ bool StorageManager::isDatabaseLocked(const QString &storageName) const
 {
     const QFileInfo file(pathOf(storageName));
     return file.isFile() && file.size() > 1 && DatabaseProbe(file.filePath(), lockTime).isLocked();
+}
+
+void StorageManager::removeCopies(const QString &storageName) const
+{
+    DatabaseBackups(pathOf(storageName), m_clock().date()).removeAll();
 }
 
 // What is told before there is a window has to wait for one.

@@ -45,6 +45,9 @@ public:
     QString databasePath(const QString &storageName);
     /// The same for a database that keeps @p contents.
     QString databasePath(const QString &storageName, Contents contents);
+    /// Deletes the dated copies of the database of @p storageName and what was put aside of it as damaged. To
+    /// be called once the database is cleared of private data.
+    void removeCopies(const QString &storageName) const;
 
     /// Whether another program keeps this one from using the database of @p storageName. Tries to read and to
     /// begin a change on a connection of its own, for at most 200 ms; to be called before the file is opened.
