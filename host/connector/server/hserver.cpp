@@ -127,9 +127,9 @@ void HServer::setAccount(const QString &account)
 void HServer::logIn(const QString &session)
 {
     m_situation->session = session;
+    m_queue->goOn(std::exchange(m_loginTurn, 0)); // before slots that may wait for a reply
     setState(Connected);
     updateSituation();
-    m_queue->goOn(std::exchange(m_loginTurn, 0));
 }
 
 void HServer::logOut()
