@@ -28,7 +28,8 @@ struct ServerSituation;
 ///
 /// A request other than a login belongs to the account of setAccount(). It waits for a login of that account
 /// and ends without success at the logout or when another account takes over, and so does every request that
-/// the slots of such a request add. Without an account a request belongs to the first one that logs in.
+/// the slots of such a request add. Without an account a request belongs to the first one that logs in. After
+/// a successful login the worker takes no request until logIn() or the end of the login's slots.
 class HALVORA_CONNECTOR_EXPORT HServer : public QObject {
     Q_OBJECT
 public:
