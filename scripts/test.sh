@@ -10,4 +10,5 @@ werror=OFF
 [ -z "${CI:-}" ] || werror=ON
 cmake --preset release -DHALVORA_WERROR=$werror >/dev/null
 cmake --build --preset release
-ctest --preset release --no-tests=error -j "$(nproc)" "$@"
+# Most of the tests wait more than they work.
+ctest --preset release --no-tests=error -j $((2 * $(nproc))) "$@"

@@ -100,7 +100,7 @@ QStringList HMessageManager::replaceEach(const QVector<MessageEntry> &fresh,
     if (m_entries.size() <= mostMessages)
         return {};
     beginRemoveRows({}, mostMessages, m_entries.size() - 1);
-    const QStringList dropped = dropOldest();
+    QStringList dropped = dropOldest();
     endRemoveRows();
     return dropped;
 }
@@ -114,7 +114,7 @@ QStringList HMessageManager::replaceAll(const QVector<MessageEntry> &fresh,
         m_entries[change.row] = change.after;
     m_entries += fresh;
     std::sort(m_entries.begin(), m_entries.end(), isNewer);
-    const QStringList dropped = dropOldest();
+    QStringList dropped = dropOldest();
     endResetModel();
     return dropped;
 }

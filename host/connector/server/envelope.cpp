@@ -53,7 +53,7 @@ RequestFailure Envelope::write(HRequest &request, const QString &session, QByteA
 RequestFailure Envelope::read(const QByteArray &bytes, QDomDocument &document, QDomElement &element)
 {
     using Kind = RequestFailure::Kind;
-    const RequestFailure failure = ReplyGuard::parse(bytes, ReplyLimits(), document);
+    RequestFailure failure = ReplyGuard::parse(bytes, ReplyLimits(), document);
     if (!failure.isNull())
         return failure;
     const QDomElement root = document.documentElement();

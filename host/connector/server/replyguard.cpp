@@ -166,7 +166,7 @@ RequestFailure ReplyGuard::parse(const QByteArray &bytes, const ReplyLimits &lim
         return {Kind::TooLarge, QStringLiteral("too many bytes")};
     if (holdsControls(bytes))
         return {Kind::BadReply, QStringLiteral("control characters")};
-    const RequestFailure failure = inspect(bytes, limits);
+    RequestFailure failure = inspect(bytes, limits);
     if (!failure.isNull())
         return failure;
     QString why;
