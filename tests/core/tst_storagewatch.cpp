@@ -147,7 +147,7 @@ void StorageWatchTest::whatCanNotBeWrittenIsToldUntilItCan()
     if (what == QLatin1String("no folder"))
         QVERIFY(QDir().rename(folder, away));
     if (what == QLatin1String("no file") && !putFolderInPlace(m_path))
-        QSKIP("The file system can not exchange two names.");
+        QSKIP("The file system cannot exchange two names.");
 
     QSignalSpy spy(m_storage.get(), &StorageManager::writeProblemChanged);
     m_storage->checkNow();
@@ -224,7 +224,7 @@ void StorageWatchTest::twoSourcesAreOneLine()
 {
     fail();
     if (!putFolderInPlace(m_path))
-        QSKIP("The file system can not exchange two names.");
+        QSKIP("The file system cannot exchange two names.");
     m_storage->checkNow();
     const QString told = sentence(m_path + QStringLiteral(" is not a file"));
     QTRY_COMPARE(m_storage->writeProblem(), told);
@@ -531,7 +531,7 @@ void StorageWatchTest::theLineNamesWhatIsNotSaved()
     fail();
     QCOMPARE(m_storage->writeProblem(), sentence(QStringLiteral("no such table: absent")));
     if (!putFolderInPlace(path))
-        QSKIP("The file system can not exchange two names.");
+        QSKIP("The file system cannot exchange two names.");
     m_storage->checkNow();
     QTRY_COMPARE(m_storage->writeProblem(), start + path + QStringLiteral(" is not a file"));
     QVERIFY(takeFolderAway(path));

@@ -96,7 +96,7 @@ void MessageReaderTest::aMessageThatCanNotBeNamedIsLeftOut_data()
     QTest::newRow("a tab and line ends") << QStringLiteral("uid=\"a&#9;&#10;&#13;\"") << true;
     QTest::newRow("a surrogate pair") << QStringLiteral("uid=\"\U0001F44B\"") << true;
     for (const char *code : {"0", "7", "x1F", "xD800", "xDFFF", "xFFFE", "xFFFF"})
-        QTest::addRow("what XML can not carry: %s", code)
+        QTest::addRow("what XML cannot carry: %s", code)
             << QStringLiteral("uid=\"a&#%1;b\"").arg(QLatin1String(code)) << false;
 }
 

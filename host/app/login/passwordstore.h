@@ -28,5 +28,5 @@ Q_SIGNALS:
 
 private:
     QPair<QString, QString> m_known; ///< user name and password, that need not be kept
-    quint64 m_calls = 0;             ///< tells whether a reply is superseded
+    quint64 m_calls = 0;             ///< a reply to an older one is superseded
 };

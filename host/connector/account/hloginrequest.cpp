@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int mostEntries = 100;   // of news servers and of links
+constexpr int maxEntries = 100;    // of news servers and of links
 constexpr int maxHostLength = 253; // of a name in the DNS
 constexpr int maxKeyLength = 255;
 constexpr int maxUrlLength = 2'048;
@@ -39,7 +39,7 @@ QList<NntpHost> readHosts(const QDomElement &servers)
 {
     QList<NntpHost> hosts;
     const QString tag = QStringLiteral("server");
-    for (QDomElement server = servers.firstChildElement(tag); !server.isNull() && hosts.size() < mostEntries;
+    for (QDomElement server = servers.firstChildElement(tag); !server.isNull() && hosts.size() < maxEntries;
          server = server.nextSiblingElement(tag)) {
         const QString host = server.attribute(QStringLiteral("host")).trimmed();
         const ushort port = server.attribute(QStringLiteral("port")).toUShort();
@@ -54,7 +54,7 @@ QHash<QString, UrlInfo> readLinks(const QDomElement &list)
 {
     QHash<QString, UrlInfo> links;
     const QString tag = QStringLiteral("link");
-    for (QDomElement link = list.firstChildElement(tag); !link.isNull() && links.size() < mostEntries;
+    for (QDomElement link = list.firstChildElement(tag); !link.isNull() && links.size() < maxEntries;
          link = link.nextSiblingElement(tag)) {
         const QString address = link.attribute(QStringLiteral("url"));
         const QString key = link.attribute(QStringLiteral("key"));

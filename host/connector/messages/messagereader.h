@@ -12,6 +12,6 @@ class MessageReader {
 public:
     /// In the order of the document, as values that hold nothing of it; the last 10,000 where there are more.
     /// Left out are messages without a uid or with one that could not be reported back. Where a date or a
-    /// link can not be read there is none.
+    /// link cannot be read there is none.
     static QVector<HMessage> read(const QDomDocument &reply);
 };

@@ -32,7 +32,7 @@ struct MessageChange {
 
 /// The messages of every account in the profile, in a database of their own that is opened when it is first
 /// needed. Each operation is one transaction, but for large writes: those go in pieces whenever the event
-/// loop has nothing else to do, and before anything else is done. What fails is told to DBUtils and has no
+/// loop has nothing else to do, and before anything else is done. A failure goes to DBUtils and has no
 /// other consequence. GUI thread.
 class MessageStore {
 public:

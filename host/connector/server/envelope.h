@@ -15,7 +15,7 @@ class QDomElement;
 /// thread.
 class Envelope {
 public:
-    /// The document of @p request; a failure when it would hold what XML can not carry.
+    /// The document of @p request; a failure when it would hold what XML cannot carry.
     static RequestFailure write(HRequest &request, const QString &session, QByteArray &document);
     /// Guards and parses @p bytes and gives the reply's own element, which may be kept as long as @p
     /// document. A refusal of the service is a failure.
