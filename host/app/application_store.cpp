@@ -54,8 +54,11 @@ void Application::whenReady(std::function<void()> call)
         m_window->showNotice(tr("Too many links and files are waiting already; the last one was not kept."));
 }
 
+// The store is closed after the window and may report a failure then.
 void Application::showLastingNotice()
 {
+    if (!m_window)
+        return;
     m_window->showLastingNotice(m_isReady ? m_core->storage()->writeProblem()
                                           : tr("Waiting for another program that uses the bookmarks file…"));
 }

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void aPictureIsTakenWhenTheLockGoes();
     void aChangeThatALockKeepsBackIsReportedUntilItIsSaved();
     void aChangeThatALockRefusesIsReportedUntilTheEnd();
+    void aLockAtTheEndOfTheProgramEndsItWell();
 
 private:
     void lock(ForeignLock::Kind kind = ForeignLock::Writes);
@@ -296,6 +297,19 @@ void TestLockedStart::aChangeThatALockRefusesIsReportedUntilTheEnd()
     m_program->close();
     m_program->open();
     QCOMPARE(line(), QString());
+}
+
+void TestLockedStart::aLockAtTheEndOfTheProgramEndsItWell()
+{
+    openWithBookmarks();
+    lock(ForeignLock::Reads);
+    QVERIFY(rename(QStringLiteral("kept back")));
+    m_program->application().core()->storage()->checkNow();
+    QTRY_VERIFY_WITH_TIMEOUT(line().startsWith(QLatin1String("Changes made since ")), aMinute);
+    m_program->close(); // tries the COMMIT once more, without a window
+    m_lock.reset();
+    m_program->open();
+    QVERIFY(isReady());
 }
 
 QTEST_MAIN(TestLockedStart)
