@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkfile.h"
+#include "durablefile.h"
 #include "obstacles.h"
 
 #include <halvora/storagemanager.h>
@@ -46,6 +47,8 @@ private Q_SLOTS:
     void aJournalOfAMissingFileIsNotPlayedIntoTheCopy();
     void aMissingTargetOfALinkComesBack();
     void aMissingFileThatCanNotBeRestoredIsReported();
+    void aFileThatIsThereAgainIsNotReplacedByACopy();
+    void aFileBehindABrokenPathIsNotMissing();
     void aFirstStartReportsNothing();
     void aNoticeNamesWhatTheFileKeeps_data();
     void aNoticeNamesWhatTheFileKeeps();
@@ -487,6 +490,29 @@ void StorageGuardTest::aMissingTargetOfALinkComesBack()
     QCOMPARE(start().size(), 1);
     QVERIFY(QFileInfo(path()).isSymLink());
     QCOMPARE(BookmarkFile::titlesOf(target), QStringList(QStringLiteral("one")));
+}
+
+void StorageGuardTest::aFileThatIsThereAgainIsNotReplacedByACopy()
+{
+    const QString copy = m_profile->filePath(QStringLiteral("copy"));
+    const QString file = m_profile->filePath(QStringLiteral("file"));
+    BookmarkFile::setBytes(copy, "older");
+    BookmarkFile::setBytes(file, "newer");
+    QVERIFY(!DurableFile::place(copy, file));
+    QCOMPARE(BookmarkFile::bytesOf(file), QByteArray("newer"));
+    QVERIFY(QFile::remove(file));
+    QVERIFY(DurableFile::place(copy, file));
+    QCOMPARE(BookmarkFile::bytesOf(file), QByteArray("older"));
+    QVERIFY(!QFile::exists(copy));
+}
+
+void StorageGuardTest::aFileBehindABrokenPathIsNotMissing()
+{
+    BookmarkFile::setBytes(m_profile->filePath(QStringLiteral("file")), "no folder");
+    QVERIFY(!DurableFile::isAbsent(m_profile->filePath(QStringLiteral("file/below"))));
+    QVERIFY(DurableFile::isAbsent(m_profile->filePath(QStringLiteral("nothing"))));
+    QVERIFY(QFile::link(QStringLiteral("nowhere"), m_profile->filePath(QStringLiteral("link"))));
+    QVERIFY(!DurableFile::isAbsent(m_profile->filePath(QStringLiteral("link"))));
 }
 
 void StorageGuardTest::aMissingFileThatCanNotBeRestoredIsReported()

@@ -39,7 +39,7 @@ DatabaseGuard::DatabaseGuard(const QString &file, StorageManager::Contents conte
 QString DatabaseGuard::keepSafe()
 {
     const QFileInfo info(m_file);
-    if (!info.exists() && !info.isSymLink())
+    if (DurableFile::isAbsent(m_file))
         return restoreMissing();
     if (!info.isFile())
         return {};
@@ -67,12 +67,14 @@ QString DatabaseGuard::restoreMissing()
         return {};
     const QString successor = m_file + QStringLiteral(".restored");
     if (DurableFile::copy(copy.file, successor) && moveCompanionsAside(unusedName()) &&
-        DurableFile::replace(successor, m_file)) {
+        DurableFile::place(successor, m_file)) {
         qCWarning(logDatabase).noquote() << m_file << "was missing and is now" << copy.file;
         return tr("%1 was missing; the copy of %2 is in use.")
             .arg(subject(), QLocale().toString(copy.date, QLocale::LongFormat));
     }
     QFile::remove(successor);
+    if (!DurableFile::isAbsent(m_file))
+        return {}; // another program has put it back meanwhile
     return tr("%1 %2 is missing, and its copy could not be put in its place.").arg(subject(), m_file);
 }
 

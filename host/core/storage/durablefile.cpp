@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -63,4 +64,20 @@ bool DurableFile::replace(const QString &part, const QString &target)
 {
     return ::rename(nameOf(part).constData(), nameOf(target).constData()) == 0 &&
            sync(QFileInfo(target).path());
+}
+
+bool DurableFile::place(const QString &part, const QString &target)
+{
+    const QByteArray from = nameOf(part);
+    const QByteArray to = nameOf(target);
+    if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return sync(QFileInfo(target).path());
+    // Not every file system knows that.
+    return (errno == EINVAL || errno == ENOSYS) && isAbsent(target) && replace(part, target);
+}
+
+bool DurableFile::isAbsent(const QString &path)
+{
+    struct stat status = {};
+    return ::lstat(nameOf(path).constData(), &status) != 0 && errno == ENOENT;
 }

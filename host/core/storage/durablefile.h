@@ -19,4 +19,9 @@ public:
     static bool sameTime(const QString &one, const QString &other);
     /// Puts @p part, which is on the disk already, in the place of @p target in one step.
     static bool replace(const QString &part, const QString &target);
+    /// The same where @p target is not there; false when it is by now.
+    static bool place(const QString &part, const QString &target);
+    /// Whether there is certainly nothing of the name @p path, not even a link to a missing file. False when
+    /// the file system does not answer.
+    static bool isAbsent(const QString &path);
 };
