@@ -45,6 +45,7 @@ private Q_SLOTS:
     void aFailureThatNobodyListensToIsLogged();
     void aQueryOfAConnectionThatDidNotOpenHasFailed();
     void aQueryOfAConnectionThatWasClosedHasFailed();
+    void aQueryOfARemovedConnectionHasFailed();
     void anUpdateThatTouchesNoRowHasFailed();
     void aLockIsWaitedForASecond();
     void afterALockTheSameTurnDoesNotWaitAgain();
@@ -132,6 +133,22 @@ void DBUtilsTest::aQueryOfAConnectionThatWasClosedHasFailed()
     BookmarkFile file(path("closed.sqlite"));
     file.database().close();
     QVERIFY(!runChecked(file, "SELECT title FROM bookmarks"));
+    QCOMPARE(m_told, QStringList(QStringLiteral("the database is not open")));
+}
+
+void DBUtilsTest::aQueryOfARemovedConnectionHasFailed()
+{
+    const QString name = QStringLiteral("removed");
+    QSqlQuery query;
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        database.setDatabaseName(path("removed.sqlite"));
+        QVERIFY(database.open());
+        query = QSqlQuery(database);
+        QVERIFY(query.exec(QStringLiteral("SELECT 1")));
+    }
+    QSqlDatabase::removeDatabase(name);
+    DBUtils::checkForErrors(query);
     QCOMPARE(m_told, QStringList(QStringLiteral("the database is not open")));
 }
 

@@ -32,6 +32,16 @@ QString wordsOf(const QSqlError &error)
     return error.databaseText().isEmpty() ? error.text() : error.databaseText();
 }
 
+void follow(const QSqlQuery &query, bool hasFailed)
+{
+    databaseconnection::limitBusyTime(query);
+    databaseconnection::stopWaiting(query);
+    databaseconnection::noteCommit(query, hasFailed);
+    // A query that was prepared and not run yet is not active.
+    if (statementHandler() && (hasFailed || query.isActive()))
+        statementHandler()(query, hasFailed);
+}
+
 } // namespace
 
 std::optional<QString> DBUtils::failureOf(const QSqlQuery &query)
@@ -39,8 +49,8 @@ std::optional<QString> DBUtils::failureOf(const QSqlQuery &query)
     if (query.lastError().isValid())
         return wordsOf(query.lastError());
     // QSqlQuery leaves its error empty when the connection is closed.
-    if (!query.driver()->isOpen()) {
-        const QSqlError error = query.driver()->lastError();
+    if (!query.driver() || !query.driver()->isOpen()) {
+        const QSqlError error = query.driver() ? query.driver()->lastError() : QSqlError();
         return error.isValid() ? wordsOf(error) : tr("the database is not open");
     }
     if (query.isActive() && query.numRowsAffected() == 0 &&
@@ -52,12 +62,8 @@ std::optional<QString> DBUtils::failureOf(const QSqlQuery &query)
 void DBUtils::checkForErrors(const QSqlQuery &query)
 {
     const std::optional<QString> failure = failureOf(query);
-    databaseconnection::limitBusyTime(query);
-    databaseconnection::stopWaiting(query);
-    databaseconnection::noteCommit(query, failure.has_value());
-    // A query that was prepared and not run yet is not active.
-    if (statementHandler() && (failure || query.isActive()))
-        statementHandler()(query, failure.has_value());
+    if (query.driver()) // it goes when the connection is removed
+        follow(query, failure.has_value());
     if (!failure)
         return;
     qCWarning(logDatabase).noquote() << query.lastQuery() << "failed:" << *failure;
