@@ -71,10 +71,11 @@ void BookmarkWriter::begin(const QSqlDatabase &database)
     DBUtils::checkForErrors(m_begin.query());
 }
 
-void BookmarkWriter::commit(const QSqlDatabase &database)
+bool BookmarkWriter::commit(const QSqlDatabase &database)
 {
     m_hasCommitFailed = !run(m_commit, database);
     DBUtils::checkForErrors(m_commit.query());
+    return !m_hasCommitFailed;
 }
 
 void BookmarkWriter::commitAtEnd(const QSqlDatabase &database)

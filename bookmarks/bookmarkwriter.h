@@ -20,7 +20,8 @@ public:
     BookmarkWriter();
 
     void begin(const QSqlDatabase &database);
-    void commit(const QSqlDatabase &database);
+    /// False when it failed.
+    bool commit(const QSqlDatabase &database);
     /// Runs COMMIT once more when the last one failed, because closing the connection rolls back a
     /// transaction that is still open. Waits at most a second for a lock.
     void commitAtEnd(const QSqlDatabase &database);

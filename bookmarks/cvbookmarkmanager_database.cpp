@@ -27,11 +27,12 @@ namespace {
 /// The columns of a row, in the order of constants::bookmarkColumns; its last one sorts and is not read.
 enum Column { IdColumn, ParentColumn, NameColumn, NewsgroupColumn, ColorColumn, ExpandedColumn };
 
-void execute(const QSqlDatabase &database, const QString &statement)
+bool execute(const QSqlDatabase &database, const QString &statement)
 {
     QSqlQuery query(database);
-    query.exec(statement);
+    const bool succeeded = query.exec(statement);
     DBUtils::checkForErrors(query);
+    return succeeded;
 }
 
 // Rows of folders give empty names.
@@ -214,9 +215,10 @@ void CVBookmarkManager::clearBookmarks()
     const QSqlDatabase connection = database();
     m_writer->forgetOrders();
     m_writer->begin(connection);
-    execute(connection, QStringLiteral("DELETE FROM bookmarks"));
-    m_writer->commit(connection);
-    m_core->storage()->removeCopies(m_connector->plugin()->configName());
+    const bool isEmpty = execute(connection, QStringLiteral("DELETE FROM bookmarks"));
+    // Bookmarks that could not be deleted keep their copies.
+    if (m_writer->commit(connection) && isEmpty)
+        m_core->storage()->removeCopies(m_connector->plugin()->configName());
     beginResetModel();
     qDeleteAll(m_topLevel);
     m_topLevel.clear();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvora developers
 // SPDX-License-Identifier: MIT
 #include "bookmarkstore.h"
+#include "obstacles.h"
 
 #include "connector/cvconnectorplugin.h"
 
@@ -9,6 +10,8 @@
 #include <halvora/settingsregistry.h>
 
 #include <QCheckBox>
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QSettings>
 #include <QTest>
@@ -58,6 +61,7 @@ private Q_SLOTS:
     void optionsOfOthersAreNotSaved();
     void clearingFollowsTheRememberedOption();
     void clearingFollowsTheShownOption();
+    void bookmarksThatCannotBeClearedKeepTheirCopies();
     void resettingForgetsTheOption();
 };
 
@@ -154,6 +158,26 @@ void TestBookmarkOptions::clearingFollowsTheShownOption()
     store.model().clearPrivateData(options.widgets);
     QCOMPARE(store.model().rowCount(), 0);
     QVERIFY(!storedOption().isValid());
+}
+
+void TestBookmarkOptions::bookmarksThatCannotBeClearedKeepTheirCopies()
+{
+    BookmarkStore store;
+    store.addFolder(QStringLiteral("f"));
+    const QFileInfo file(store.path());
+    const QDir backups(file.dir().filePath(QStringLiteral("backups")));
+    QVERIFY(file.dir().mkpath(QStringLiteral("backups")));
+    const QString copy =
+        backups.filePath(file.completeBaseName() + QStringLiteral("-2026-11-20.backup.sqlite"));
+    QVERIFY(QFile::copy(file.filePath(), copy));
+    {
+        const ForeignLock lock(store.path(), ForeignLock::Writes);
+        QVERIFY(lock.isHeld());
+        store.model().clearPrivateData();
+        QVERIFY(QFile::exists(copy));
+    }
+    store.model().clearPrivateData();
+    QVERIFY(!QFile::exists(copy));
 }
 
 void TestBookmarkOptions::resettingForgetsTheOption()

@@ -199,10 +199,10 @@ void MessageStore::markDeleted(const QString &account, const QString &uid)
 void MessageStore::clear()
 {
     finishWriting();
-    {
-        const QSqlDatabase connection = database();
-        const Transaction transaction(connection);
-        Statement(connection, QStringLiteral("DELETE FROM messages WHERE NOT is_deleted")).run();
-    }
-    m_storage->removeCopies(m_name);
+    const QSqlDatabase connection = database();
+    const bool isCleared =
+        Statement(connection, QStringLiteral("DELETE FROM messages WHERE NOT is_deleted")).run().isActive();
+    // Messages that could not be deleted keep their copies.
+    if (isCleared)
+        m_storage->removeCopies(m_name);
 }
