@@ -62,9 +62,9 @@ private Q_SLOTS:
     void aMessageThatComesAgainIsUpdated();
     void anotherDateMovesTheRowAndItsSelection_data();
     void anotherDateMovesTheRowAndItsSelection();
-    void manyChangesAreOneReset_data();
-    void manyChangesAreOneReset();
-    void aResetShowsWhatSingleStepsWouldShow();
+    void manyChangesAreOneChangeOfTheLayout_data();
+    void manyChangesAreOneChangeOfTheLayout();
+    void manyAtOnceShowWhatSingleStepsWouldShow();
     void whatManyMessagesBroughtIsThereAfterARestart();
     void whatIsDoneToManyMessagesAtOnceIsKept();
     void whatWasReadStaysRead();
@@ -270,34 +270,40 @@ void HMessageManagerTest::anotherDateMovesTheRowAndItsSelection()
     QCOMPARE(m_manager->messageAt(selected.row()).date(), dayDate(days));
 }
 
-void HMessageManagerTest::manyChangesAreOneReset_data()
+void HMessageManagerTest::manyChangesAreOneChangeOfTheLayout_data()
 {
     QTest::addColumn<int>("count");
-    QTest::addColumn<int>("resets");
+    QTest::addColumn<int>("layouts");
     QTest::addColumn<int>("moves");
     QTest::newRow("300") << 300 << 0 << 299;
     QTest::newRow("301") << 301 << 1 << 0;
 }
 
-void HMessageManagerTest::manyChangesAreOneReset()
+void HMessageManagerTest::manyChangesAreOneChangeOfTheLayout()
 {
     QFETCH(int, count);
     receive(numbered(count, 1));
     QVector<HMessage> again = numbered(count, 1);
     for (int i = 0; i < count; ++i)
         again[i].setDate(dayDate(count - i));
+    const QPersistentModelIndex current = m_manager->index(7, 1);
+    const QString uid = m_manager->messageAt(7).uid();
     QSignalSpy resets(m_manager.get(), &QAbstractItemModel::modelReset);
+    QSignalSpy layouts(m_manager.get(), &QAbstractItemModel::layoutChanged);
     QSignalSpy moves(m_manager.get(), &QAbstractItemModel::rowsMoved);
     QSignalSpy changes(m_manager.get(), &QAbstractItemModel::dataChanged);
     receive(again);
-    QTEST(resets.size(), "resets");
+    QCOMPARE(resets.size(), 0); // it would end the reading of the current message
+    QTEST(layouts.size(), "layouts");
     QTEST(moves.size(), "moves");
-    QVERIFY(resets.isEmpty() != changes.isEmpty());
+    QVERIFY(!changes.isEmpty());
+    QCOMPARE(m_manager->messageAt(current.row()).uid(), uid);
+    QCOMPARE(current.column(), 1);
     QCOMPARE(m_manager->messageAt(0).uid(), QStringLiteral("0"));
     QCOMPARE(m_manager->messageAt(count - 1).uid(), QString::number(count - 1));
 }
 
-void HMessageManagerTest::aResetShowsWhatSingleStepsWouldShow()
+void HMessageManagerTest::manyAtOnceShowWhatSingleStepsWouldShow()
 {
     m_tester.reset(); // which would look at every row again and again
     HMessageManager steps(m_core.get());

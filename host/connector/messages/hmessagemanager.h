@@ -67,7 +67,8 @@ private:
     int placeOf(const MessageEntry &entry) const;
     void replaceEntry(int row, const MessageEntry &entry);
     void insertEntries(const QVector<MessageEntry> &entries);
-    QStringList dropOldest();
+    QStringList removeOldest();
+    void moveIndexes(const QModelIndexList &held, const QStringList &uids);
     bool isKept(const MessageEntry &entry) const;
     void changeRow(int row, const QVector<int> &roles);
 

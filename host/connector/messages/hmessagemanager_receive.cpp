@@ -97,26 +97,46 @@ QStringList HMessageManager::replaceEach(const QVector<MessageEntry> &fresh,
     for (const MessageChange &change : changes)
         replaceEntry(placeOf(change.before), change.after);
     insertEntries(fresh);
-    if (m_entries.size() <= mostMessages)
-        return {};
-    beginRemoveRows({}, mostMessages, m_entries.size() - 1);
-    QStringList dropped = dropOldest();
-    endRemoveRows();
-    return dropped;
+    return removeOldest();
 }
 
-/// The same in one reset: for each row that moves, views take time in proportion to all rows.
+/// The same in one change of the layout: for each row that moves, views take time in proportion to all rows.
+/// A reset would lose the current row and with it the message that is being read.
 QStringList HMessageManager::replaceAll(const QVector<MessageEntry> &fresh,
                                         const QVector<MessageChange> &changes)
 {
-    beginResetModel();
+    if (!fresh.isEmpty()) {
+        beginInsertRows({}, m_entries.size(), m_entries.size() + fresh.size() - 1);
+        m_entries += fresh;
+        endInsertRows();
+    }
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    const QModelIndexList held = persistentIndexList();
+    QStringList uids;
+    for (const QModelIndex &index : held)
+        uids.append(m_entries.at(index.row()).message.uid());
     for (const MessageChange &change : changes)
         m_entries[change.row] = change.after;
-    m_entries += fresh;
     std::sort(m_entries.begin(), m_entries.end(), isNewer);
-    QStringList dropped = dropOldest();
-    endResetModel();
-    return dropped;
+    moveIndexes(held, uids);
+    Q_EMIT layoutChanged({}, VerticalSortHint);
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+    return removeOldest();
+}
+
+/// Points each of @p held to the row where the message of the same place in @p uids is now.
+void HMessageManager::moveIndexes(const QModelIndexList &held, const QStringList &uids)
+{
+    if (held.isEmpty())
+        return;
+    QHash<QString, int> rows;
+    rows.reserve(m_entries.size());
+    for (int row = 0; row < m_entries.size(); ++row)
+        rows.insert(m_entries.at(row).message.uid(), row);
+    QModelIndexList moved;
+    for (int i = 0; i < held.size(); ++i)
+        moved.append(index(rows.value(uids.at(i)), held.at(i).column()));
+    changePersistentIndexList(held, moved);
 }
 
 /// The row of @p entry, or the one that it would have.
@@ -156,13 +176,16 @@ void HMessageManager::insertEntries(const QVector<MessageEntry> &entries)
     }
 }
 
-QStringList HMessageManager::dropOldest()
+QStringList HMessageManager::removeOldest()
 {
     QStringList dropped;
     for (int row = mostMessages; row < m_entries.size(); ++row)
         dropped.append(m_entries.at(row).message.uid());
-    if (!dropped.isEmpty())
-        m_entries.resize(mostMessages);
+    if (dropped.isEmpty())
+        return dropped;
+    beginRemoveRows({}, mostMessages, m_entries.size() - 1);
+    m_entries.resize(mostMessages);
+    endRemoveRows();
     return dropped;
 }
 
