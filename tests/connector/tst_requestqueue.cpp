@@ -19,6 +19,7 @@ private Q_SLOTS:
     void whatEndsAfterTheQueueWasClosedIsUnsuccessful();
     void whatIsPutBackAfterTheQueueWasClosedIsUnsuccessful();
     void whatEndedBeforeALogoutIsUnsuccessfulToo();
+    void aDeadlineAfterALogoutIsVoid();
     void aChangeOfTheAccountEndsAllButLogins();
     void aCancelledLoginEndsLoginsOnly();
     void aRequestMayFinishWithoutAWorker();
@@ -195,6 +196,16 @@ void RequestQueueTest::whatEndedBeforeALogoutIsUnsuccessfulToo()
     QCOMPARE(queue.finishedCount(), std::size_t(2));
     for (int i = 0; i < 2; ++i)
         QCOMPARE(queue.takeFinished().front().request->failure().kind(), Kind::LoggedOut);
+}
+
+void RequestQueueTest::aDeadlineAfterALogoutIsVoid()
+{
+    RequestQueue queue;
+    Jobs job = taken(queue);
+    QVERIFY(abandon(queue, WhichRequests::All));
+    QVERIFY(!interrupt(queue, queue.current().turn));
+    QVERIFY(!queue.finish(job));
+    QCOMPARE(queue.takeFinished().front().request->failure().kind(), Kind::LoggedOut);
 }
 
 void RequestQueueTest::aChangeOfTheAccountEndsAllButLogins()

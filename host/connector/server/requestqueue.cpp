@@ -124,7 +124,9 @@ RequestQueue::Current RequestQueue::current()
 void RequestQueue::interrupt(quint64 turn, RequestFailure::Kind why, const std::function<void()> &interrupt)
 {
     const std::lock_guard lock(m_mutex);
-    if (turn == 0 || turn == m_current.turn)
+    // The first reason counts: a deadline that comes after a logout is void.
+    const bool isFirst = turn == m_current.turn && m_interruption == RequestFailure::Kind::None;
+    if (turn == 0 || isFirst)
         interruptLocked(why, interrupt);
 }
 
