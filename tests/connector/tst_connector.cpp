@@ -28,6 +28,7 @@ private Q_SLOTS:
     void forgottenHostsStayForgotten();
     void anotherUserNameForgetsTheHosts();
     void theHostsOfALoginAreNotThoseOfANameTypedMeanwhile();
+    void anotherAccountTakesOverNoConnectionLimit();
     void damagedSettingsAreNoHosts();
     void theAccountMayBeReadOnAnyThread();
     void theSearchIntervalIsToldWhenItChanges();
@@ -149,6 +150,24 @@ void ConnectorTest::theHostsOfALoginAreNotThoseOfANameTypedMeanwhile()
     m_account->connector().setAccount(QStringLiteral("other"), QStringLiteral("pinegate"));
     m_account->plugin().applyLogin(login.data());
     QVERIFY(m_account->connector().nntpHosts().isEmpty());
+}
+
+void ConnectorTest::anotherAccountTakesOverNoConnectionLimit()
+{
+    Connector &connector = m_account->connector();
+    const int cautious = connector.distributor()->maxConnectionsMax();
+    QVERIFY(m_account->logIn());
+    connector.distributor()->setMaxConnectionsMax(cautious + 3);
+    QVERIFY(m_account->logIn()); // the same account
+    QCOMPARE(connector.distributor()->maxConnectionsMax(), cautious + 3);
+    connector.setAccount(QStringLiteral("reseller"), QStringLiteral("pinegate"));
+    const QSharedPointer<TestLogin> login(new TestLogin(&connector));
+    QSignalSpy finished(login.data(), &HRequest::requestFinished);
+    m_account->server().prependRequestToQueue(login);
+    QVERIFY(finished.wait(30'000));
+    m_account->plugin().applyLogin(login.data());
+    QCOMPARE(connector.distributor()->maxConnectionsMax(), cautious);
+    QVERIFY(connector.distributor()->isOpen());
 }
 
 void ConnectorTest::damagedSettingsAreNoHosts()

@@ -167,6 +167,11 @@ void NewsgroupList::finishLoading()
 {
     const QSharedPointer<NewsgroupListTask> task = m_task;
     m_task.reset();
+    if (!task->isSuccessful() && task->user() != account()) {
+        setState(Idle);
+        refreshIfStale();
+        return;
+    }
     if (!task->isSuccessful()) {
         // A person who logs out knows why.
         const bool isTold = isLoginMissing() || task->failure() == NntpFailure::NoAccount;

@@ -17,6 +17,7 @@ public:
 
     /// How many newsgroups have come so far. Any thread.
     int count() const noexcept { return m_count.load(std::memory_order_relaxed); }
+    const QString &user() const { return m_user; }
     /// What came; GUI thread, once, after a successful end.
     newsgroupcache::Contents take();
 

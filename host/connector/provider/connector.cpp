@@ -190,6 +190,8 @@ void Connector::applyLogin(const HLoginRequest &login)
     storeNntpHosts(isOfUser ? login.nntpHosts() : QList<NntpHost>());
     m_core->setUrls(login.links());
     m_messages->setAccount(login.userName());
+    if (isOther)
+        m_distributor->close(); // its tasks are the other account's, and so is its limit
     m_distributor->open();
     HLog::addSecret(login.session());
     m_server->logIn(login.session());
