@@ -26,6 +26,7 @@ private Q_SLOTS:
     void aKeptPasswordIsFoundAgainAtTheNextStart();
     void aPasswordThatTheServiceRefusesIsAskedFor();
     void aLogoutTakesThePasswordOutOfTheKeyring();
+    void aLogoutAfterAnotherNameWasTriedTakesThePasswordOutToo();
     void aPasswordThatWasAskedForBeforeALogoutIsKeptAtTheNextLogin();
     void aClearedPasswordIsNotKeptAgain();
     void aProgramThatEndsAtAPromptEndsWell();
@@ -118,6 +119,21 @@ void TestKeyring::aLogoutTakesThePasswordOutOfTheKeyring()
     rememberUser(program);
     program.open();
     QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    Q_EMIT program.window().logoutRequested();
+    program.close();
+    QTRY_COMPARE(m_keyring->lookup(demo()), QString());
+}
+
+void TestKeyring::aLogoutAfterAnotherNameWasTriedTakesThePasswordOutToo()
+{
+    if (!m_hasLibrary)
+        QSKIP("There is no library for keyrings.");
+    QVERIFY(m_keyring->store(demo(), rightPassword()));
+    RunningProgram program;
+    rememberUser(program);
+    program.open();
+    QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
+    program.application().connectorPlugin()->connector()->setAccount(QStringLiteral("reseller"), QString());
     Q_EMIT program.window().logoutRequested();
     program.close();
     QTRY_COMPARE(m_keyring->lookup(demo()), QString());

@@ -138,12 +138,15 @@ void LoginController::cancelLogin()
 
 void LoginController::logOut()
 {
-    const QString user = m_plugin->connector()->username();
+    // The user name that was tried last need not be the one that was logged in.
+    QStringList users{m_plugin->connector()->username(), keptUser()};
+    users.removeDuplicates();
+    users.removeAll(QString());
     m_retry.stop();
     m_pause = 0;
     m_plugin->connector()->logOut();
     m_plugin->core()->settings().remove(userKey());
-    if (!user.isEmpty())
+    for (const QString &user : qAsConst(users))
         m_passwords->forget(user);
     updateMenu();
 }
