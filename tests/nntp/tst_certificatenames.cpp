@@ -23,6 +23,8 @@ void TestCertificateNames::aHostIsKnownByItsAlternativeNames_data()
         QTest::addRow("%s at %s", host, names) << QByteArray(names) << QString::fromUtf8(host) << isKnown;
     };
     row("DNS:news.corvia.example", "news.corvia.example", true);
+    row("DNS:news.corvia.example", "news.corvia.example.", true);
+    row("DNS:news.corvia.example", "news.corvia.example..", false);
     row("DNS:News.Corvia.Example", "nEWS.cORVIA.eXAMPLE", true);
     row("DNS:a.example,DNS:news.corvia.example", "news.corvia.example", true);
     row("DNS:corvia.example", "news.corvia.example", false);

@@ -32,7 +32,9 @@ bool certificatenames::include(const QSslCertificate &certificate, const QString
             return QHostAddress(other).isEqual(address, QHostAddress::StrictConversion);
         });
     }
-    const QString name = QString::fromLatin1(QUrl::toAce(host)).toLower();
+    QString name = QString::fromLatin1(QUrl::toAce(host)).toLower();
+    if (name.endsWith(QLatin1Char('.')))
+        name.chop(1); // of the root
     const QStringList patterns = names.values(QSsl::DnsEntry);
     return !name.isEmpty() && std::any_of(patterns.cbegin(), patterns.cend(),
                                           [&name](const QString &pattern) { return isName(pattern, name); });
