@@ -902,8 +902,8 @@ Erstellt mit Qt %5. Veröffentlicht unter der MIT-Lizenz.</translation>
         <translation>Das Passwort im Schlüsselbund des Systems. Ihr Benutzername bleibt, und ebenso das Passwort eines anderen Kontos, bis es sich abmeldet.</translation>
     </message>
     <message>
-        <source>The messages of every account, their dated copies and files put aside as damaged. Which messages you deleted stays known, so that they do not come back.</source>
-        <translation>Die Nachrichten aller Konten, ihre datierten Kopien und als beschädigt beiseitegelegte Dateien. Welche Nachrichten Sie gelöscht haben, bleibt bekannt, damit sie nicht wiederkommen.</translation>
+        <source>The messages of every account, their dated copies and files put aside as damaged. Those that you deleted before stay away; the account service may send the others again.</source>
+        <translation>Die Nachrichten aller Konten, ihre datierten Kopien und als beschädigt beiseitegelegte Dateien. Die Sie vorher gelöscht haben, bleiben weg; die übrigen kann der Kontodienst erneut senden.</translation>
     </message>
 </context>
 <context>

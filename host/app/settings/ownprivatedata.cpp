@@ -35,7 +35,8 @@ OwnPrivateData::OwnPrivateData(Core *core, ConnectorPlugin *plugin, LoginControl
         {"messages", [] { return tr("Messages"); },
          [] {
              return tr("The messages of every account, their dated copies and files put aside as "
-                       "damaged. Which messages you deleted stays known, so that they do not come back.");
+                       "damaged. Those that you deleted before stay away; the account service may send the "
+                       "others again.");
          },
          [plugin] { plugin->connector()->messages()->clear(); }});
     add(core, {"traffic", [] { return tr("Traffic history"); },
