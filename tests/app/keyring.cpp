@@ -26,11 +26,13 @@ QString prompterName()
     return QStringLiteral("org.gnome.keyring.SystemPrompter");
 }
 
+// With the name of QtKeychain's schema: a keyring takes an item without it for another one beside it.
 QStringList attributes(const QString &user)
 {
-    return {QStringLiteral("user"),   user,
-            QStringLiteral("server"), QStringLiteral("halvora"),
-            QStringLiteral("type"),   QStringLiteral("plaintext")};
+    return {QStringLiteral("xdg:schema"), QStringLiteral("org.qt.keychain"),
+            QStringLiteral("user"),       user,
+            QStringLiteral("server"),     QStringLiteral("halvora"),
+            QStringLiteral("type"),       QStringLiteral("plaintext")};
 }
 
 } // namespace
@@ -97,6 +99,13 @@ bool Keyring::store(const QString &user, const QString &password)
 QString Keyring::lookup(const QString &user)
 {
     return QString::fromUtf8(tool(QStringList{QStringLiteral("lookup")} + attributes(user)));
+}
+
+int Keyring::count(const QString &user)
+{
+    const QByteArray found =
+        tool(QStringList{QStringLiteral("search"), QStringLiteral("--all")} + attributes(user));
+    return found.count("\nsecret = ");
 }
 
 QByteArray Keyring::tool(const QStringList &arguments, const QByteArray &input)

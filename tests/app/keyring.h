@@ -28,6 +28,8 @@ public:
     bool store(const QString &user, const QString &password);
     /// Empty when there is none.
     QString lookup(const QString &user);
+    /// How many items there are; lookup() takes any of them.
+    int count(const QString &user);
 
 private:
     QByteArray tool(const QStringList &arguments, const QByteArray &input = QByteArray());

@@ -107,6 +107,7 @@ void TestKeyring::aPasswordThatTheServiceRefusesIsAskedFor()
     program.logIn(demo(), rightPassword());
     QTRY_COMPARE(program.server().connectorState(), HServer::Connected);
     QTRY_COMPARE(m_keyring->lookup(demo()), rightPassword());
+    QCOMPARE(m_keyring->count(demo()), 1);
     program.close();
 }
 
