@@ -125,8 +125,11 @@ void NewsgroupList::load()
     m_reader->start();
 }
 
+// The event of a reader that forget() has released may be on its way already.
 void NewsgroupList::finishReading()
 {
+    if (!m_reader)
+        return;
     const newsgroupcache::Contents contents = m_reader->take();
     NewsgroupCacheReader::release(m_reader);
     m_reader = nullptr;
